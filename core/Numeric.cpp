@@ -1,0 +1,105 @@
+#include "Numeric.h"
+
+#include <cfenv>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace quorvel {
+
+double RoundHalfEven(double x)
+{
+    // nearbyint rounds in the current mode, which is to nearest with ties to even;
+    // std::round would take halves away from zero.
+    if (std::fegetround() != FE_TONEAREST)
+        std::fesetround(FE_TONEAREST);
+    return std::nearbyint(x);
+}
+
+double RoundHalfEven(double x, int decimals)
+{
+    const double scale = std::pow(10.0, decimals);
+    return RoundHalfEven(x * scale) / scale;
+}
+
+bool FitsInt16(double wholeNumber)
+{
+    return wholeNumber >= -32768.0 && wholeNumber <= 32767.0;
+}
+
+std::optional<int16_t> ToInt16(double x)
+{
+    if (!std::isfinite(x))
+        return std::nullopt;
+    const double r = RoundHalfEven(x);
+    if (!FitsInt16(r))
+        return std::nullopt;
+    return static_cast<int16_t>(r);
+}
+
+namespace {
+
+std::string FormatSignificant(double x, int digits)
+{
+    if (x == 0.0)
+        return "0";
+    if (std::isnan(x))
+        return "NaN";
+    if (std::isinf(x))
+        return x > 0 ? "Inf" : "-Inf";
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, "%.*G", digits, x);
+    std::string text(buffer);
+    // %G keeps trailing zeros out of plain numbers but writes exponents as E+20 / E-05;
+    // drop the exponent's leading zeros to read 1E+20 and 1E-5.
+    const auto e = text.find('E');
+    if (e != std::string::npos) {
+        std::string mantissa = text.substr(0, e);
+        const char sign = text[e + 1];
+        std::string exponent = text.substr(e + 2);
+        while (exponent.size() > 1 && exponent.front() == '0')
+            exponent.erase(0, 1);
+        text = mantissa + 'E' + sign + exponent;
+    }
+    return text;
+}
+
+} // namespace
+
+std::string FormatDouble(double x)
+{
+    return FormatSignificant(x, 15);
+}
+
+std::string FormatSingle(float x)
+{
+    return FormatSignificant(static_cast<double>(x), 7);
+}
+
+std::string FormatWhole(long long x)
+{
+    return std::to_string(x);
+}
+
+std::string PadLoaderCell(const std::string &fieldText)
+{
+    if (fieldText.size() >= 5)
+        return fieldText;
+    return std::string(5 - fieldText.size(), ' ') + fieldText;
+}
+
+std::string RebuildCell(int value)
+{
+    const std::string number = std::to_string(value);
+    const std::size_t digits = number.size() - (value < 0 ? 1 : 0);
+    // Five-digit values cannot be padded: they are shown with no blank in front.
+    const std::size_t blanks = digits < 4 ? 4 - digits : 0;
+    return std::string(blanks, ' ') + number;
+}
+
+std::string EditorCell(int value)
+{
+    return "   " + std::to_string(value);
+}
+
+} // namespace quorvel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+// The one place where numbers are rounded, range-checked and turned into text.
+// Rounding is always to the nearest with halves to the even neighbour, on the
+// binary double exactly as it stands (2.5 -> 2, 3.5 -> 4, 2.675 to 2 decimals -> 2.67).
+namespace quorvel {
+
+// Nearest whole number, halves to even, as a double (no range check).
+double RoundHalfEven(double x);
+
+// x scaled by 10^decimals, rounded half to even, scaled back.
+double RoundHalfEven(double x, int decimals);
+
+// True when a whole number fits a signed 16-bit field.
+bool FitsInt16(double wholeNumber);
+
+// Rounds half to even and checks the signed 16-bit range; nothing when it does not fit
+// (or the value is not finite).
+std::optional<int16_t> ToInt16(double x);
+
+// Shortest decimal text with up to 15 significant digits, "." as separator,
+// no trailing zeros, "-0" shown as "0" (712, 12.5, -3, 1E+20).
+std::string FormatDouble(double x);
+
+// The same for a single-precision value with up to 7 significant digits (10.63, 2697).
+std::string FormatSingle(float x);
+
+// A whole number as plain digits with a leading minus when negative.
+std::string FormatWhole(long long x);
+
+// Cell texts of the DNA list.
+// The loader's attribute cell: the field as read, blanks in front up to 5 characters.
+std::string PadLoaderCell(const std::string &fieldText);
+// The rebuild's number cell: (4 - digits) blanks in front; five digits get none.
+std::string RebuildCell(int value);
+// The editor's and the Add DNA window's number cell: three blanks and the number.
+std::string EditorCell(int value);
+
+} // namespace quorvel

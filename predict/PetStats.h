@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Values.h"
+
+#include <array>
+#include <string>
+
+namespace quorvel {
+
+enum class PredictionSource { Sample, Template };
+
+// Which creature-level equations run, in the order Old, New1, New2.
+struct LevelEquations {
+    bool Old = false;
+    bool New1 = false;
+    bool New2 = false;
+};
+
+struct CreatureLevel {
+    std::string text;      // "10.63 / 11.7 / 10.04"; empty when no equation runs
+    float level0 = 0.0f;   // the last equation's level rounded to a whole number; 0 when none ran
+    bool anyRan = false;   // when true, lastCreatureLevel is the new LastCreatureLevel
+    float lastCreatureLevel = 0.0f;
+};
+
+CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq);
+
+// Label23 texts, index 0 Health .. 10 Level, "." as decimal separator.
+using StatTexts = std::array<std::string, 11>;
+
+struct PetPrediction {
+    StatTexts labels;
+    CreatureLevel level;
+};
+
+PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq);
+
+// The statistics shared by the single-sample, template and typed-sample predictions,
+// on double inputs in Attribute order; each is the shown text (without level).
+std::string HealthText(double hrd, double dex);
+std::string StateResistText(double intel, double hrd);
+std::string DefenseText(double dex, double intel);
+std::string CriticalSaveText(double dpn);
+std::string DamageText(double pwr);
+std::string ToHitText(double clv);
+std::string CriticalHitText(double frc);
+std::string AggroBonusText(double crg);
+
+} // namespace quorvel
