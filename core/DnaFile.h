@@ -38,8 +38,8 @@ std::variant<ParsedLine, LineError> ParseDnaLine(std::string_view line, int slot
 bool ReadDnaLine(std::istream &in, std::string &line);
 
 enum class LoadEnd {
-    Complete,  // the whole file was read: the caption shows the path
-    Stopped,   // a short line, a bad line, a full library or a read error
+    Complete, // the whole file was read: the caption shows the path
+    Stopped,  // a short line, a bad line, a full library or a read error
 };
 
 // Reads samples from `in` into `library` (after its current Count), calling

@@ -1,14 +1,14 @@
 #include "Numeric.h"
 
 #include <cfenv>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <limits>
 #include <string>
 
 namespace quorvel {
 
-double RoundHalfEven(double x)
-{
+double RoundHalfEven(double x) {
     // nearbyint rounds in the current mode, which is to nearest with ties to even;
     // std::round would take halves away from zero.
     if (std::fegetround() != FE_TONEAREST)
@@ -16,19 +16,25 @@ double RoundHalfEven(double x)
     return std::nearbyint(x);
 }
 
-double RoundHalfEven(double x, int decimals)
-{
+double RoundHalfEven(double x, int decimals) {
     const double scale = std::pow(10.0, decimals);
-    return RoundHalfEven(x * scale) / scale;
+    const double scaled = x * scale;
+    double rounded = RoundHalfEven(scaled);
+    // The product may have been rounded onto a half (2.675 * 100 gives 267.5 exactly); the
+    // exact product's error then tells on which side of the half the value really lies.
+    if (std::fabs(scaled - rounded) == 0.5) {
+        const double error = std::fma(x, scale, -scaled);
+        if (error != 0.0)
+            rounded = error > 0.0 ? std::ceil(scaled) : std::floor(scaled);
+    }
+    return rounded / scale;
 }
 
-bool FitsInt16(double wholeNumber)
-{
+bool FitsInt16(double wholeNumber) {
     return wholeNumber >= -32768.0 && wholeNumber <= 32767.0;
 }
 
-std::optional<int16_t> ToInt16(double x)
-{
+std::optional<int16_t> ToInt16(double x) {
     if (!std::isfinite(x))
         return std::nullopt;
     const double r = RoundHalfEven(x);
@@ -37,24 +43,33 @@ std::optional<int16_t> ToInt16(double x)
     return static_cast<int16_t>(r);
 }
 
+float ToSingle(double x) {
+    constexpr double kMax = std::numeric_limits<float>::max();
+    if (x > kMax)
+        return std::numeric_limits<float>::infinity();
+    if (x < -kMax)
+        return -std::numeric_limits<float>::infinity();
+    return static_cast<float>(x);
+}
+
 namespace {
 
-std::string FormatSignificant(double x, int digits)
-{
+std::string FormatSignificant(double x, int digits) {
     if (x == 0.0)
         return "0";
     if (std::isnan(x))
         return "NaN";
     if (std::isinf(x))
         return x > 0 ? "Inf" : "-Inf";
+    // to_chars ignores the C locale, which a toolkit may have set to a comma separator.
     char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%.*G", digits, x);
-    std::string text(buffer);
-    // %G keeps trailing zeros out of plain numbers but writes exponents as E+20 / E-05;
-    // drop the exponent's leading zeros to read 1E+20 and 1E-5.
-    const auto e = text.find('E');
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, x, std::chars_format::general, digits).ptr;
+    std::string text(buffer, end);
+    // The general format keeps trailing zeros out but writes exponents as e+20 / e-05;
+    // show them as 1E+20 and 1E-5.
+    const auto e = text.find('e');
     if (e != std::string::npos) {
-        std::string mantissa = text.substr(0, e);
+        const std::string mantissa = text.substr(0, e);
         const char sign = text[e + 1];
         std::string exponent = text.substr(e + 2);
         while (exponent.size() > 1 && exponent.front() == '0')
@@ -66,30 +81,25 @@ std::string FormatSignificant(double x, int digits)
 
 } // namespace
 
-std::string FormatDouble(double x)
-{
+std::string FormatDouble(double x) {
     return FormatSignificant(x, 15);
 }
 
-std::string FormatSingle(float x)
-{
+std::string FormatSingle(float x) {
     return FormatSignificant(static_cast<double>(x), 7);
 }
 
-std::string FormatWhole(long long x)
-{
+std::string FormatWhole(long long x) {
     return std::to_string(x);
 }
 
-std::string PadLoaderCell(const std::string &fieldText)
-{
+std::string PadLoaderCell(const std::string &fieldText) {
     if (fieldText.size() >= 5)
         return fieldText;
     return std::string(5 - fieldText.size(), ' ') + fieldText;
 }
 
-std::string RebuildCell(int value)
-{
+std::string RebuildCell(int value) {
     const std::string number = std::to_string(value);
     const std::size_t digits = number.size() - (value < 0 ? 1 : 0);
     // Five-digit values cannot be padded: they are shown with no blank in front.
@@ -97,8 +107,7 @@ std::string RebuildCell(int value)
     return std::string(blanks, ' ') + number;
 }
 
-std::string EditorCell(int value)
-{
+std::string EditorCell(int value) {
     return "   " + std::to_string(value);
 }
 

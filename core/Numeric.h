@@ -22,6 +22,10 @@ bool FitsInt16(double wholeNumber);
 // (or the value is not finite).
 std::optional<int16_t> ToInt16(double x);
 
+// The nearest single-precision value, no rounding to a whole number; beyond the single
+// range it gives an infinity of the same sign.
+float ToSingle(double x);
+
 // Shortest decimal text with up to 15 significant digits, "." as separator,
 // no trailing zeros, "-0" shown as "0" (712, 12.5, -3, 1E+20).
 std::string FormatDouble(double x);

@@ -16,11 +16,12 @@ extern const std::array<const char *, kQualityCount> QualityTable; // entry 7 em
 extern const std::array<int16_t, kQualityCount> QualityWeights;    // 0 1 2 3 4 5 10 0
 extern const std::array<const char *, kOriginCount> OriginTable;   // "Wild", "Mission"
 
-// The quality float rounded to a whole number, halves to even (2.5 -> 2, 6.5 -> 6).
+// The quality float rounded to a whole number, halves to even (2.5 -> 2, 6.5 -> 6);
+// -1 for a value that is no index at all (infinite, not a number, beyond a million).
 int QualityIndex(float quality);
 bool IsValidQuality(float quality); // index within 0..7
-bool IsValidPlanet(int planet);      // 0..11
-bool IsValidOrigin(int origin);      // 0..1
+bool IsValidPlanet(int planet);     // 0..11
+bool IsValidOrigin(int origin);     // 0..1
 
 // Lookups; an index outside the table gives nothing.
 std::optional<std::string> PlanetName(int planet);

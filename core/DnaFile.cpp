@@ -1,0 +1,167 @@
+#include "DnaFile.h"
+
+#include "Cp1252.h"
+#include "Numeric.h"
+#include "ReadNumber.h"
+#include "ReferenceTables.h"
+
+#include <cstddef>
+
+namespace quorvel {
+
+namespace {
+
+constexpr std::size_t kNameField = 10;
+constexpr std::size_t kLevelField = 11;
+constexpr std::size_t kPlanetField = 12;
+constexpr std::size_t kOriginField = 13;
+constexpr std::size_t kQualityField = 14;
+constexpr std::size_t kUsedFields = 15;
+constexpr std::size_t kMaxAttributeChars = 5;
+constexpr int kNameColumn = 1;
+constexpr int kFirstAttributeColumn = 2;
+constexpr int kLevelColumn = 12;
+constexpr int kPlanetColumn = 13;
+constexpr int kOriginColumn = 14;
+constexpr int kQualityColumn = 15;
+
+// Splits at every comma; whatever follows the fifteenth field is never looked at.
+std::vector<std::string_view> SplitFields(std::string_view line) {
+    std::vector<std::string_view> fields;
+    while (fields.size() < kUsedFields) {
+        const auto comma = line.find(',');
+        fields.push_back(line.substr(0, comma));
+        if (comma == std::string_view::npos)
+            break;
+        line.remove_prefix(comma + 1);
+    }
+    return fields;
+}
+
+// A whole-number field; a missing one reads 0.
+std::optional<int16_t> WholeField(const std::vector<std::string_view> &fields, std::size_t index) {
+    if (index >= fields.size())
+        return 0;
+    return ToInt16(ReadNumber(fields[index]));
+}
+
+} // namespace
+
+std::variant<ParsedLine, LineError> ParseDnaLine(std::string_view line, int slot) {
+    const auto fields = SplitFields(line);
+    if (fields.size() <= kNameField)
+        return LineError::TooFewFields;
+
+    ParsedLine parsed;
+    DnaRecord &record = parsed.record;
+    RowCells &cells = parsed.cells;
+    for (int i = 0; i < kAttributeCount; ++i) {
+        const std::string_view field = fields[i];
+        const auto value = ToInt16(ReadNumber(field));
+        if (field.size() > kMaxAttributeChars || !value)
+            return LineError::BadField;
+        record.Attributes[i] = *value;
+        cells[kFirstAttributeColumn + i] = Cp1252ToUtf8(PadLoaderCell(std::string(field)));
+    }
+    record.Name = fields[kNameField].empty() ? FormatWhole(slot) : Cp1252ToUtf8(fields[kNameField]);
+
+    const auto level = WholeField(fields, kLevelField);
+    const auto planet = WholeField(fields, kPlanetField);
+    const auto origin = WholeField(fields, kOriginField);
+    const float quality = kQualityField < fields.size() ? ToSingle(ReadNumber(fields[kQualityField])) : 0.0f;
+    if (!level || !planet || !IsValidPlanet(*planet) || !origin || !IsValidOrigin(*origin) || !IsValidQuality(quality))
+        return LineError::BadField;
+    record.Level = *level;
+    record.Planet = *planet;
+    record.Origin = *origin;
+    record.Quality = quality;
+
+    cells[0] = FormatWhole(slot);
+    cells[kNameColumn] = record.Name;
+    cells[kLevelColumn] = EditorCell(record.Level);
+    cells[kPlanetColumn] = PlanetTable[record.Planet];
+    cells[kOriginColumn] = OriginTable[record.Origin];
+    cells[kQualityColumn] = QualityTable[QualityIndex(record.Quality)];
+    return parsed;
+}
+
+bool ReadDnaLine(std::istream &in, std::string &line) {
+    line.clear();
+    std::streambuf *buffer = in.rdbuf();
+    if (!in.good() || buffer == nullptr)
+        return false;
+    using Traits = std::istream::traits_type;
+    Traits::int_type c = buffer->sbumpc();
+    if (Traits::eq_int_type(c, Traits::eof())) {
+        in.setstate(std::ios::eofbit);
+        return false;
+    }
+    for (; !Traits::eq_int_type(c, Traits::eof()); c = buffer->sbumpc()) {
+        if (Traits::to_char_type(c) == '\r') {
+            if (Traits::eq_int_type(buffer->sgetc(), Traits::to_int_type('\n')))
+                buffer->sbumpc();
+            return true;
+        }
+        line += Traits::to_char_type(c);
+    }
+    return true;
+}
+
+LoadEnd LoadDnaStream(std::istream &in, DnaLibrary &library,
+                      const std::function<void(int slot, const RowCells &cells)> &onRow) {
+    std::string line;
+    while (ReadDnaLine(in, line)) {
+        if (library.IsFull())
+            return LoadEnd::Stopped;
+        const auto result = ParseDnaLine(line, library.Count + 1);
+        const auto *parsed = std::get_if<ParsedLine>(&result);
+        if (parsed == nullptr)
+            return LoadEnd::Stopped;
+        const int slot = *library.AppendRecord();
+        library.Records[slot] = parsed->record;
+        if (onRow)
+            onRow(slot, parsed->cells);
+    }
+    // A stream that could not be opened or broke down never reaches its end.
+    return in.eof() && !in.bad() ? LoadEnd::Complete : LoadEnd::Stopped;
+}
+
+RowCells RebuildRowCells(const DnaRecord &record, int slot) {
+    RowCells cells;
+    cells[0] = FormatWhole(slot);
+    cells[kNameColumn] = record.Name;
+    for (int i = 0; i < kAttributeCount; ++i)
+        cells[kFirstAttributeColumn + i] = RebuildCell(record.Attributes[i]);
+    cells[kLevelColumn] = RebuildCell(record.Level);
+    cells[kPlanetColumn] = PlanetName(record.Planet).value_or("");
+    cells[kOriginColumn] = OriginName(record.Origin).value_or("");
+    cells[kQualityColumn] = QualityName(record.Quality).value_or("");
+    return cells;
+}
+
+std::string FormatDnaLine(const DnaRecord &record, bool withWords) {
+    std::string line;
+    for (const int16_t value : record.Attributes)
+        line += FormatWhole(value) + ',';
+    line += Utf8ToCp1252(record.Name) + ',';
+    line += FormatWhole(record.Level) + ',';
+    if (withWords) {
+        line += Utf8ToCp1252(PlanetName(record.Planet).value_or("")) + ',';
+        line += Utf8ToCp1252(OriginName(record.Origin).value_or("")) + ',';
+        line += Utf8ToCp1252(QualityName(record.Quality).value_or(""));
+    } else {
+        line += FormatWhole(record.Planet) + ',' + FormatWhole(record.Origin) + ',' + FormatSingle(record.Quality);
+    }
+    return line + "\r\n";
+}
+
+std::string FormatDnaFile(const DnaLibrary &library, const std::vector<int> &slots, bool withWords) {
+    std::string text;
+    for (const int slot : slots) {
+        if (slot >= 0 && slot <= kMaxSamples)
+            text += FormatDnaLine(library.Records[slot], withWords);
+    }
+    return text;
+}
+
+} // namespace quorvel
