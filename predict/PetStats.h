@@ -17,9 +17,9 @@ struct LevelEquations {
 };
 
 struct CreatureLevel {
-    std::string text;      // "10.63 / 11.7 / 10.04"; empty when no equation runs
-    float level0 = 0.0f;   // the last equation's level rounded to a whole number; 0 when none ran
-    bool anyRan = false;   // when true, lastCreatureLevel is the new LastCreatureLevel
+    std::string text;    // "10.63 / 11.7 / 10.04"; empty when no equation runs
+    float level0 = 0.0f; // the last equation's level rounded to a whole number; 0 when none ran
+    bool anyRan = false; // when true, lastCreatureLevel is the new LastCreatureLevel
     float lastCreatureLevel = 0.0f;
 };
 
@@ -27,6 +27,27 @@ CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source,
 
 // Label23 texts, index 0 Health .. 10 Level, "." as decimal separator.
 using StatTexts = std::array<std::string, 11>;
+
+// The index of each statistic in StatTexts.
+enum StatLabel : int {
+    HealthLabel,
+    RegenLabel,
+    ArmorLabel,
+    ToHitLabel,
+    DefenseLabel,
+    StateResistLabel,
+    CriticalHitLabel,
+    CriticalSaveLabel,
+    AggroBonusLabel,
+    DamageLabel,
+    LevelLabel
+};
+
+enum class LevelEquation { Old, New1, New2 };
+
+// P(L) of one creature-level equation, term by term from left to right, the powers by std::pow
+// (exact for the whole-number L of the main window's prediction).
+double LevelPolynomial(LevelEquation equation, double level);
 
 struct PetPrediction {
     StatTexts labels;
@@ -38,6 +59,7 @@ PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, Leve
 // The statistics shared by the single-sample, template and typed-sample predictions,
 // on double inputs in Attribute order; each is the shown text (without level).
 std::string HealthText(double hrd, double dex);
+std::string RegenText(double dpn, double end); // the rounded regen alone, without the template's tenths
 std::string StateResistText(double intel, double hrd);
 std::string DefenseText(double dex, double intel);
 std::string CriticalSaveText(double dpn);

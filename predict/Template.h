@@ -28,9 +28,9 @@ struct DnaTemplate {
 
 // What a category box shows once a sample is in it.
 struct CategoryView {
-    std::array<std::string, 6> lines;  // name, "Hrd:512  |  Frt:340", ...
+    std::array<std::string, 6> lines;         // name, "Hrd:512  |  Frt:340", ...
     std::array<std::string, 5> contributions; // pair 0..4
-    int selectedLine = 0;              // category + 1
+    int selectedLine = 0;                     // category + 1
 };
 
 // Copies name, attributes and quality into slot `category` and clears every Experimented flag.

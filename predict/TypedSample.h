@@ -8,8 +8,8 @@
 namespace quorvel {
 
 struct TypedEvaluation {
-    StatTexts labels;              // Label23 0..10 of the Add DNA window
-    bool anyRan = false;           // when true, lastCreatureLevel is the new LastCreatureLevel
+    StatTexts labels;    // Label23 0..10 of the Add DNA window
+    bool anyRan = false; // when true, lastCreatureLevel is the new LastCreatureLevel
     float lastCreatureLevel = 0.0f;
 };
 

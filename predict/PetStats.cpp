@@ -1,0 +1,140 @@
+#include "PetStats.h"
+
+#include "DnaRecord.h"
+#include "Numeric.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace quorvel {
+
+namespace {
+
+std::string Rounded(double x, int decimals) {
+    return FormatDouble(RoundHalfEven(x, decimals));
+}
+
+std::string Percent(double x) {
+    return Rounded(x, 2) + "%";
+}
+
+// The level armor of a whole-number level, in single precision; levels below 16 give none.
+float LevelArmor(float level0) {
+    const float above = level0 - 16.0f;
+    return above > 0.0f ? above * 87.0f : 0.0f;
+}
+
+// Folds one equation's P(L) into the result: level0 and the 2-decimal level come from the
+// equation that ran last; Old starts the text, New1 and New2 append to it.
+void AddEquation(CreatureLevel &result, LevelEquation equation, double level) {
+    const double p = LevelPolynomial(equation, level);
+    result.level0 = static_cast<float>(RoundHalfEven(p, 0));
+    result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
+    result.anyRan = true;
+    const std::string value = FormatSingle(result.lastCreatureLevel);
+    result.text = equation == LevelEquation::Old ? value : result.text + " / " + value;
+}
+
+} // namespace
+
+std::string HealthText(double hrd, double dex) {
+    return Rounded(hrd * 6.62 + dex * 1.32 + 50, 0);
+}
+
+std::string RegenText(double dpn, double end) {
+    return Rounded(dpn / 70 + end / 14, 0);
+}
+
+std::string StateResistText(double intel, double hrd) {
+    return Percent(intel / 12 + hrd / 60);
+}
+
+std::string DefenseText(double dex, double intel) {
+    return Rounded(dex * 0.17 + intel * 0.035 + 4, 0);
+}
+
+std::string CriticalSaveText(double dpn) {
+    return Percent((dpn + 0.0132) / 125.02);
+}
+
+std::string DamageText(double pwr) {
+    return Rounded(pwr * 0.204 - 14.5, 0) + " - " + Rounded(pwr * 0.603 + 60, 0);
+}
+
+std::string ToHitText(double clv) {
+    return Rounded((clv + 22.673) / 4.9047, 0);
+}
+
+std::string CriticalHitText(double frc) {
+    return Percent((frc - 0.0048) / 125);
+}
+
+std::string AggroBonusText(double crg) {
+    return Percent((crg + 0.0000009) / 40);
+}
+
+double LevelPolynomial(LevelEquation equation, double level) {
+    const double squared = std::pow(level, 2);
+    switch (equation) {
+    case LevelEquation::Old:
+        return (std::pow(level, 3) * -0.000001 + squared * 0.0011) - level * 0.0265 + 3.282;
+    case LevelEquation::New1:
+        return (squared * 0.0005 + level * 0.0709) - 0.3924;
+    case LevelEquation::New2:
+        return (std::pow(level, 3) * -0.000001 + squared * 0.0011) - level * 0.0337 + 3.4125;
+    }
+    return 0.0;
+}
+
+CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq) {
+    // The integer sums are formed in 64 bits: Power 1000 with the other values at several
+    // hundred already leaves the 16-bit range the values are stored in.
+    const auto at = [&v](Attribute a) { return static_cast<int64_t>(v[a]); };
+    const int64_t oldSum = 9 * at(Hardiness) + at(Fortitude) + 2 * at(Dexterity) + 2 * at(Endurance) + at(Intellect) +
+                           at(Cleverness) + at(Dependability) + at(Courage) + 2 * at(Fierceness);
+    const int64_t new1Sum = oldSum + at(Intellect);
+    const double power = static_cast<double>(v[Power]);
+
+    const auto weightedLevel = [&](int64_t sum) {
+        if (source == PredictionSource::Sample)
+            return RoundHalfEven(static_cast<double>(sum + 30 * at(Power)) / 100);
+        return RoundHalfEven((power * 29.999 + static_cast<double>(sum)) / 100);
+    };
+
+    CreatureLevel result;
+    if (eq.Old)
+        AddEquation(result, LevelEquation::Old, weightedLevel(oldSum));
+    if (eq.New1)
+        AddEquation(result, LevelEquation::New1, weightedLevel(new1Sum));
+    if (eq.New2)
+        AddEquation(result, LevelEquation::New2, RoundHalfEven((power * 29.459 + static_cast<double>(oldSum)) / 100));
+    return result;
+}
+
+PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq) {
+    const auto at = [&v](Attribute a) { return static_cast<double>(v[a]); };
+    PetPrediction result;
+    StatTexts &labels = result.labels;
+
+    labels[HealthLabel] = HealthText(at(Hardiness), at(Dexterity));
+    labels[RegenLabel] = RegenText(at(Dependability), at(Endurance));
+    if (source == PredictionSource::Template) {
+        const double tenths = std::floor((at(Dependability) / 70 + at(Endurance) / 14) * 10);
+        labels[RegenLabel] += " (" + FormatDouble(tenths) + ")";
+    }
+    labels[StateResistLabel] = StateResistText(at(Intellect), at(Hardiness));
+    labels[DefenseLabel] = DefenseText(at(Dexterity), at(Intellect));
+    labels[CriticalSaveLabel] = CriticalSaveText(at(Dependability));
+    labels[DamageLabel] = DamageText(at(Power));
+    labels[ToHitLabel] = ToHitText(at(Cleverness));
+    labels[CriticalHitLabel] = CriticalHitText(at(Fierceness));
+    labels[AggroBonusLabel] = AggroBonusText(at(Courage));
+
+    result.level = PredictCreatureLevel(v, source, eq);
+    labels[LevelLabel] = result.level.text;
+    const int64_t armor = 6 * static_cast<int64_t>(v[Fortitude]);
+    labels[ArmorLabel] = FormatWhole(armor) + " [" + FormatSingle(LevelArmor(result.level.level0)) + "]";
+    return result;
+}
+
+} // namespace quorvel

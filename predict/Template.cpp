@@ -1,0 +1,167 @@
+#include "Template.h"
+
+#include "Numeric.h"
+#include "ReferenceTables.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace quorvel {
+
+const std::array<std::array<double, kCategoryCount>, kCategoryCount> CategoryWeights{{
+    {0.4, 0.25, 0.05, 0.09, 0.17},
+    {0.25, 0.42, 0.1, 0.05, 0.16},
+    {0.05, 0.17, 0.5, 0.26, 0.085},
+    {0.05, 0.085, 0.3, 0.43, 0.165},
+    {0.25, 0.075, 0.05, 0.17, 0.42},
+}};
+
+namespace {
+
+constexpr std::array<const char *, kAttributeCount> kShortLabels{
+    "Hrd:", "Frt:", "Dex:", "End:", "Int:", "Clv:", "Dpn:", "Crg:", "Frc:", "Pwr:"};
+
+constexpr const char *kQualityWarning = "CL prediction won't be correct";
+
+bool IsCategory(int category) {
+    return category >= 0 && category < kCategoryCount;
+}
+
+void ClearFlags(DnaTemplate &t) {
+    t.Experimented.fill(false);
+}
+
+void EmptySlot(TemplateSlot &slot) {
+    slot.Name = "-";
+    slot.Attributes.fill(0);
+    slot.Quality = 0.0f;
+}
+
+// Caps and Current of one category's pair from the five slots.
+void EvaluatePair(DnaTemplate &t, int category) {
+    for (int a = 2 * category; a <= 2 * category + 1; ++a) {
+        double sum = 0.0;
+        for (int k = 0; k < kCategoryCount; ++k)
+            sum += t.Slots[k].Attributes[a] * CategoryWeights[k][category];
+        t.Caps[a] = ToValue(RoundHalfEven(sum));
+        t.Current[a] = StartValue(t.Caps[a]);
+    }
+}
+
+// Label14(10): the template quality is the mean of the slots' quality weights. A slot whose
+// quality is no table index makes the level prediction unreliable, so it shows the warning.
+std::string EvaluateQuality(DnaTemplate &t) {
+    double quality = 0.0;
+    bool allKnown = true;
+    for (const TemplateSlot &slot : t.Slots) {
+        const std::optional<int> weight = QualityWeight(slot.Quality);
+        allKnown = allKnown && weight.has_value();
+        quality += 0.2 * weight.value_or(0);
+    }
+    t.CurrentQuality = static_cast<float>(quality);
+    if (!allKnown || !(t.CurrentQuality <= 6.0f))
+        return kQualityWarning;
+    return QualityName(t.CurrentQuality).value_or("");
+}
+
+} // namespace
+
+CategoryView PutDnaInTemplate(DnaTemplate &t, int category, const DnaRecord &record) {
+    CategoryView view;
+    if (!IsCategory(category))
+        return view;
+    ClearFlags(t);
+    TemplateSlot &slot = t.Slots[category];
+    slot.Name = record.Name;
+    for (int a = 0; a < kAttributeCount; ++a)
+        slot.Attributes[a] = record.Attributes[a];
+    slot.Quality = record.Quality;
+
+    view.lines[0] = slot.Name;
+    for (int p = 0; p < kCategoryCount; ++p) {
+        const Value first = slot.Attributes[2 * p];
+        const Value second = slot.Attributes[2 * p + 1];
+        const double weight = CategoryWeights[category][p];
+        view.contributions[p] = FormatDouble(std::floor(weight * second + weight * first));
+        view.lines[p + 1] =
+            kShortLabels[2 * p] + FormatWhole(first) + "  |  " + kShortLabels[2 * p + 1] + FormatWhole(second);
+    }
+    view.selectedLine = category + 1;
+    return view;
+}
+
+void ClearCategory(DnaTemplate &t, int category) {
+    if (!IsCategory(category))
+        return;
+    ClearFlags(t);
+    EmptySlot(t.Slots[category]);
+    t.Current.fill(0);
+    t.CurrentName = "-";
+    t.CurrentQuality = 0.0f;
+}
+
+void ClearWholeTemplate(DnaTemplate &t) {
+    for (TemplateSlot &slot : t.Slots)
+        EmptySlot(slot);
+}
+
+void ToggleExperiment(DnaTemplate &t, int category) {
+    if (!IsCategory(category))
+        return;
+    if (t.Experimented[category]) {
+        t.Experimented[category] = false;
+        return;
+    }
+    t.Current[2 * category] = t.Caps[2 * category];
+    t.Current[2 * category + 1] = t.Caps[2 * category + 1];
+    t.Experimented[category] = true;
+}
+
+int FirstFreeCategory(const DnaTemplate &t) {
+    for (int k = 0; k < kCategoryCount; ++k) {
+        if (t.Slots[k].Name == "-")
+            return k;
+    }
+    return -1;
+}
+
+TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
+    TemplateEvaluation result;
+    for (int i = 0; i < kCategoryCount; ++i) {
+        if (!t.Experimented[i])
+            EvaluatePair(t, i);
+    }
+    // The percentages see Power before the minimum raises it.
+    for (int i = 0; i < kCategoryCount; ++i) {
+        result.label42[i] = FormatWhole(PairPercent(t.Current[2 * i], t.Current[2 * i + 1])) + "/" +
+                            FormatWhole(PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1])) + "%";
+    }
+    for (int a = 0; a < Power; ++a)
+        result.label14[a] = ValueCapText(t.Current[a], t.Caps[a]);
+    result.label14[Power] = PowerCapText(t.Current[Power], t.Caps[Power]);
+    result.qualityText = EvaluateQuality(t);
+    return result;
+}
+
+Value StartValue(Value cap) {
+    const double c = cap;
+    return ToValue(RoundHalfEven((c / 1000 + 0.15) * c - 0.1));
+}
+
+int PairPercent(Value a, Value b) {
+    const double sum = static_cast<double>(static_cast<int64_t>(a) + b);
+    return static_cast<int>(std::floor(sum / 2 / 10));
+}
+
+std::string ValueCapText(Value current, Value cap) {
+    return FormatWhole(current) + " [" + FormatWhole(cap) + "]";
+}
+
+std::string PowerCapText(Value &current, Value cap) {
+    if (current >= 113)
+        return ValueCapText(current, cap);
+    current = 113;
+    return "113\r\n [Min val]";
+}
+
+} // namespace quorvel

@@ -1,0 +1,72 @@
+#include "TypedSample.h"
+
+#include "Numeric.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+namespace quorvel {
+
+namespace {
+
+using Typed = std::array<double, 10>;
+
+// X of the creature-level equations, added left to right in the order written; the
+// equations differ only in the weights of Intellect and Power.
+double WeightedSum(const Typed &v, double intellectWeight, double powerWeight) {
+    return 9 * v[0] + v[1] + 2 * v[2] + 2 * v[3] + intellectWeight * v[4] + v[5] + v[6] + v[7] + 2 * v[8] +
+           powerWeight * v[9];
+}
+
+// The bracket of the Armor label. Levels that do not fit 16 bits, or whose level armor
+// does not, come only from absurd typed values; the bracket is then left out rather than
+// showing a number the pet cannot have.
+std::string LevelArmorBracket(std::optional<int16_t> wholeLevel) {
+    if (!wholeLevel)
+        return {};
+    const int armor = std::max(*wholeLevel - 16, 0) * 87;
+    if (!FitsInt16(armor))
+        return {};
+    return " [" + FormatWhole(armor) + "]";
+}
+
+} // namespace
+
+TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
+    TypedEvaluation result;
+    StatTexts &labels = result.labels;
+    labels[HealthLabel] = HealthText(v[0], v[2]);
+    labels[RegenLabel] = RegenText(v[6], v[3]);
+    labels[StateResistLabel] = StateResistText(v[4], v[0]);
+    labels[DefenseLabel] = DefenseText(v[2], v[4]);
+    labels[CriticalSaveLabel] = CriticalSaveText(v[6]);
+    labels[DamageLabel] = DamageText(v[9]);
+    labels[ToHitLabel] = ToHitText(v[5]);
+    labels[CriticalHitLabel] = CriticalHitText(v[8]);
+    labels[AggroBonusLabel] = AggroBonusText(v[7]);
+
+    std::optional<int16_t> wholeLevel = 0;
+    std::string text;
+    const auto run = [&](LevelEquation equation, double sum) {
+        const double p = LevelPolynomial(equation, sum / 100);
+        wholeLevel = ToInt16(p);
+        result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
+        result.anyRan = true;
+        const std::string value = FormatSingle(result.lastCreatureLevel);
+        text = equation == LevelEquation::Old ? value : text + "\r\n" + value;
+    };
+    if (eq.Old)
+        run(LevelEquation::Old, WeightedSum(v, 1, 30));
+    if (eq.New1)
+        run(LevelEquation::New1, WeightedSum(v, 2, 30));
+    if (eq.New2)
+        run(LevelEquation::New2, WeightedSum(v, 1, 29.459));
+
+    labels[LevelLabel] = text;
+    labels[ArmorLabel] = FormatDouble(std::floor(v[1] * 6)) + LevelArmorBracket(wholeLevel);
+    return result;
+}
+
+} // namespace quorvel
