@@ -1,0 +1,204 @@
+#include "TestSupport.h"
+
+#include "Form1.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QToolBar>
+
+namespace testsupport {
+
+QString SettingsPath()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel.cfg");
+}
+
+void RemoveSettingsFile()
+{
+    QFile::remove(SettingsPath());
+}
+
+void WriteSettingsFile(const QByteArray &content)
+{
+    QFile file(SettingsPath());
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(content);
+}
+
+QByteArray ReadFileBytes(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+std::unique_ptr<Form1> MakeForm1()
+{
+    auto form = std::make_unique<Form1>();
+    form->show();
+    if (!QTest::qWaitForWindowExposed(form.get()))
+        qWarning("main window not exposed");
+    return form;
+}
+
+QAction *ToolbarAction(QWidget *form1, const QString &caption)
+{
+    auto *toolbar = form1->findChild<QToolBar *>(QStringLiteral("Toolbar1"));
+    if (!toolbar)
+        return nullptr;
+    for (QAction *action : toolbar->findChildren<QAction *>()) {
+        if (action->text() == caption)
+            return action;
+    }
+    return nullptr;
+}
+
+QString TempFolder()
+{
+    static QTemporaryDir dir;
+    return dir.path();
+}
+
+QString WriteDnaFile(const QString &name, const QStringList &lines)
+{
+    const QString path = TempFolder() + QLatin1Char('/') + name;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        for (const QString &line : lines)
+            file.write(line.toLatin1() + "\r\n");
+    }
+    return path;
+}
+
+void AnswerFileDialog(const QString &path)
+{
+    QTimer::singleShot(50, [path] {
+        QFileDialog *dialog = nullptr;
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            if (auto *d = qobject_cast<QFileDialog *>(w); d && d->isVisible())
+                dialog = d;
+        }
+        if (!dialog) {
+            AnswerFileDialog(path);
+            return;
+        }
+        if (path.isEmpty()) {
+            QTest::keyClick(dialog, Qt::Key_Escape);
+            return;
+        }
+        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        edit->setText(path);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+void AnswerMessageBox(int standardButton, QString *seenTitle, QString *seenText)
+{
+    QTimer::singleShot(50, [=] {
+        QMessageBox *box = nullptr;
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            if (auto *b = qobject_cast<QMessageBox *>(w); b && b->isVisible())
+                box = b;
+        }
+        if (!box) {
+            AnswerMessageBox(standardButton, seenTitle, seenText);
+            return;
+        }
+        if (seenTitle)
+            *seenTitle = box->windowTitle();
+        if (seenText)
+            *seenText = box->text();
+        if (QAbstractButton *button = box->button(static_cast<QMessageBox::StandardButton>(standardButton)))
+            button->click();
+    });
+}
+
+namespace {
+
+QPoint RowCentre(QAbstractItemView *view, int row)
+{
+    const QModelIndex index = view->model()->index(row - 1, 1);
+    view->scrollTo(index);
+    return view->visualRect(index).center();
+}
+
+} // namespace
+
+void ClickRow(QAbstractItemView *view, int row, Qt::MouseButton button)
+{
+    QTest::mouseClick(view->viewport(), button, Qt::NoModifier, RowCentre(view, row));
+}
+
+void DoubleClickRow(QAbstractItemView *view, int row)
+{
+    const QPoint at = RowCentre(view, row);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+}
+
+void ClickHeader(QTreeView *view, int column)
+{
+    QHeaderView *header = view->header();
+    const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(x, header->height() / 2));
+}
+
+void ClickWidget(QWidget *widget)
+{
+    QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
+}
+
+bool DropOn(QWidget *target)
+{
+    QMimeData data;
+    const QPoint at = target->rect().center();
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &move);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &drop);
+    return enter.isAccepted() && drop.isAccepted();
+}
+
+QString Cell(QAbstractItemView *view, int row, int column)
+{
+    return view->model()->index(row - 1, column).data(Qt::DisplayRole).toString();
+}
+
+int RowCount(QAbstractItemView *view)
+{
+    return view->model()->rowCount();
+}
+
+QWidget *TopLevel(const QString &name)
+{
+    for (QWidget *w : QApplication::topLevelWidgets()) {
+        if (w->objectName() == name && w->isVisible())
+            return w;
+    }
+    return nullptr;
+}
+
+void CloseAllWindows()
+{
+    for (QWidget *w : QApplication::topLevelWidgets()) {
+        if (w->isVisible() && w->objectName() != QLatin1String("Form1"))
+            w->close();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace testsupport

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QApplication>
+#include <QString>
+#include <QStringList>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <functional>
+#include <memory>
+
+class Form1;
+class QAbstractItemView;
+class QMessageBox;
+class QWidget;
+
+namespace testsupport {
+
+// The program folder's settings file; tests remove it to start from the defaults.
+QString SettingsPath();
+void RemoveSettingsFile();
+void WriteSettingsFile(const QByteArray &content);
+QByteArray ReadFileBytes(const QString &path);
+
+// A new main window, shown, with the decimal point "." unless told otherwise.
+std::unique_ptr<Form1> MakeForm1();
+
+// A control of a window by objectName; the test fails when it is missing.
+template <typename T> T *Find(QWidget *window, const QString &name)
+{
+    T *child = window->findChild<T *>(name);
+    if (!child)
+        qWarning("control %s not found", qPrintable(name));
+    return child;
+}
+
+// The toolbar's action with this caption (buttons and drop-down entries).
+QAction *ToolbarAction(QWidget *form1, const QString &caption);
+
+// Writes a DNA file of CR LF lines into the test's temporary folder and returns its path.
+QString WriteDnaFile(const QString &name, const QStringList &lines);
+QString TempFolder();
+
+// Schedules an answer to the next file dialog: the path typed and Enter, or Escape when empty.
+void AnswerFileDialog(const QString &path);
+// Schedules a click on a message box button; `seen` receives the box's title and text.
+void AnswerMessageBox(int standardButton, QString *seenTitle = nullptr, QString *seenText = nullptr);
+
+// Clicks, presses, releases and double-clicks a DNA list row at its position (from 1).
+void ClickRow(QAbstractItemView *view, int row, Qt::MouseButton button = Qt::LeftButton);
+void DoubleClickRow(QAbstractItemView *view, int row);
+// A header click over a column.
+void ClickHeader(QTreeView *view, int column);
+// A press and release on a label or other widget.
+void ClickWidget(QWidget *widget);
+// Enter, move and drop events of an empty drag on a target (an item view's viewport for views).
+bool DropOn(QWidget *target);
+
+// Text of row `row` (from 1) and column `column` of a report list.
+QString Cell(QAbstractItemView *view, int row, int column);
+int RowCount(QAbstractItemView *view);
+
+// The first visible top-level widget with this objectName.
+QWidget *TopLevel(const QString &name);
+// Closes and deletes every top-level window the test left open.
+void CloseAllWindows();
+
+} // namespace testsupport

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTreeWidget>
+
+// The DNA list control: a report list that tells the window about every mouse action
+// on it, after it has moved its own highlight.
+class DnaListView : public QTreeWidget {
+    Q_OBJECT
+public:
+    explicit DnaListView(QWidget *parent = nullptr);
+
+signals:
+    void buttonPressed(Qt::MouseButton button, const QPoint &globalPos);
+    void buttonReleased();
+    void rowDoubleClicked();
+    void dragStarting();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+};
+
+// A row of the DNA list; rows compare their texts as text, ignoring letter case, so that
+// the blanks in front of numbers give numeric order.
+class DnaListItem : public QTreeWidgetItem {
+public:
+    using QTreeWidgetItem::QTreeWidgetItem;
+    bool operator<(const QTreeWidgetItem &other) const override;
+};

@@ -1,0 +1,56 @@
+#include "Form1.h"
+
+#include "DnaFile.h"
+#include "DnaListPanel.h"
+#include "TemplatePanel.h"
+#include "UiText.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <fstream>
+
+namespace {
+
+const QString kDnaFilter = QStringLiteral("Textfile (*.txt)");
+
+} // namespace
+
+void Form1::LoadDnaFile(bool replace, bool useLastFile)
+{
+    template_->ClearTemplate(6);
+    list_->SetListSorting(false);
+    if (!useLastFile) {
+        QFileDialog dialog(this, QStringLiteral("Load DNA"), ProgramFolder(), kDnaFilter);
+        dialog.setAcceptMode(QFileDialog::AcceptOpen);
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return;
+        state_.LastDnaFile = dialog.selectedFiles().constFirst();
+    }
+    if (state_.LastDnaFile.isEmpty())
+        return;
+
+    // A folder, a vanished or an unreadable file ends the load before anything changes.
+    const QFileInfo info(state_.LastDnaFile);
+    std::ifstream in;
+    if (info.isFile())
+        in.open(QFile::encodeName(state_.LastDnaFile).toStdString(), std::ios::binary);
+    if (!in.is_open()) {
+        template_->ClearTemplate(6);
+        return;
+    }
+    if (replace) {
+        state_.Library.ClearLibrary();
+        list_->ClearDnaRows();
+    }
+    const quorvel::LoadEnd end =
+        quorvel::LoadDnaStream(in, state_.Library, [this](int slot, const quorvel::RowCells &cells) {
+            list_->SetRowCells(list_->AddDnaRow(slot), cells);
+        });
+    if (end == quorvel::LoadEnd::Complete)
+        ShowFileCaption();
+    else
+        template_->ClearTemplate(6);
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QWidget>
+
+// The About window.
+class Form4 : public QWidget {
+    Q_OBJECT
+public:
+    explicit Form4(QWidget *parent = nullptr);
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "StatLabels.h"
+
+#include <QObject>
+
+class AppState;
+class ClickLabel;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QPushButton;
+class QWidget;
+
+// The pet prediction panel of the main window: statistics, the drop label, the skin box.
+class PredictionPanel : public QObject {
+    Q_OBJECT
+public:
+    PredictionPanel(AppState &state, QWidget *central);
+
+    QFrame *Picture3 = nullptr;
+    ClickLabel *Label4 = nullptr; // folds Picture3
+    QLabel *Label3 = nullptr;     // "Drop your DNA Template here to predict a pet"
+    QLabel *HealthCaption = nullptr; // Label14(11)
+    StatLabelArray Label23{};
+    QComboBox *Combo3 = nullptr;
+    QPushButton *Command1 = nullptr; // "Store this pet", no action
+    QPushButton *Command8 = nullptr; // "E"
+
+    // Every statistic back to "0", as the whole-template clear leaves them.
+    void ClearStats();
+
+    void SetFolded(bool folded);
+    void MoveTo(int leftTwips, int topTwips);
+
+private:
+    AppState &state_;
+};

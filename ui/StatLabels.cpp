@@ -1,0 +1,51 @@
+#include "StatLabels.h"
+
+#include "UiText.h"
+
+#include <QLabel>
+
+StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const QString &critSaveCaption,
+                               const QString &healthCaptionName)
+{
+    // Label23 index, caption, column (0 left, 1 right, 2 the level row), row.
+    struct Entry {
+        int index;
+        QString caption;
+        int column;
+        int row;
+    };
+    const std::array<Entry, 11> entries{{{0, QStringLiteral("Health:"), 0, 0},
+                                         {1, QStringLiteral("Regen:"), 0, 1},
+                                         {2, QStringLiteral("Armor:"), 0, 2},
+                                         {3, QStringLiteral("To hit:"), 0, 3},
+                                         {4, QStringLiteral("Defense:"), 0, 4},
+                                         {5, QStringLiteral("State Resist:"), 0, 5},
+                                         {6, QStringLiteral("Critical hit:"), 1, 0},
+                                         {7, critSaveCaption, 1, 1},
+                                         {8, QStringLiteral("Aggro bonus:"), 1, 2},
+                                         {9, QStringLiteral("Damage:"), 1, 3},
+                                         {10, QStringLiteral("Level:"), 2, 6}}};
+    StatLabelArray labels{};
+    for (const Entry &e : entries) {
+        const int top = layout.top + e.row * layout.rowPitch;
+        const bool right = e.column == 1;
+        const int captionLeft = right ? layout.rightCaption : layout.leftCaption;
+        const int valueLeft = right ? layout.rightValue : layout.leftValue;
+        const int valueWidth = e.column == 0 ? layout.rightCaption - layout.leftValue - 60
+                               : e.column == 1 ? 3900 - layout.rightValue
+                                               : 3900 - layout.leftValue;
+        MakeLabel(panel, e.index == 0 ? healthCaptionName : QString(), e.caption, captionLeft, top,
+                  valueLeft - captionLeft, layout.rowPitch);
+        QLabel *value = MakeLabel(panel, QStringLiteral("Label23_%1").arg(e.index), QStringLiteral("0"), valueLeft,
+                                  top, valueWidth, layout.rowPitch);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        labels[static_cast<std::size_t>(e.index)] = value;
+    }
+    return labels;
+}
+
+void ShowStatTexts(const StatLabelArray &labels, const quorvel::StatTexts &texts)
+{
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        labels[i]->setText(ShownNumber(texts[i]));
+}

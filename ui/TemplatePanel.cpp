@@ -1,0 +1,171 @@
+#include "TemplatePanel.h"
+
+#include "AppState.h"
+#include "PredictionPanel.h"
+#include "Twips.h"
+#include "UiText.h"
+#include "Widgets.h"
+
+#include <QFrame>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace {
+
+constexpr std::array<const char *, 5> kCategoryTitles{"Physique:", "Prowess:", "Mental:", "Psychology:",
+                                                      "Aggressiveness:"};
+constexpr std::array<std::pair<int, int>, 5> kListPlaces{{{120, 960}, {2160, 960}, {120, 2400}, {2160, 2400}, {120, 3840}}};
+constexpr std::array<const char *, 11> kValueTitles{"Hardiness:",    "Fortitude:", "Dexterity:",  "Endurance:",
+                                                    "Intellect:",    "Cleverness:", "Dependability:", "Courage:",
+                                                    "Fierceness:",   "Power:",     "Quality:"};
+constexpr int kListWidth = 1935;
+constexpr int kFoldedList = 225;
+constexpr int kUnfoldedList = 1200;
+
+QString Indexed(const char *name, int index)
+{
+    return QStringLiteral("%1_%2").arg(QString::fromLatin1(name)).arg(index);
+}
+
+} // namespace
+
+TemplatePanel::TemplatePanel(AppState &state, PredictionPanel &prediction, QWidget *central)
+    : QObject(central), state_(state), prediction_(prediction)
+{
+    for (int i = 0; i < 5; ++i)
+        BuildCategory(central, i, kListPlaces[static_cast<std::size_t>(i)].first,
+                      kListPlaces[static_cast<std::size_t>(i)].second);
+
+    Command7 = new QPushButton(QStringLiteral("Simulate Exp. Session"), central);
+    Command7->setObjectName(QStringLiteral("Command7"));
+    PlaceTwips(Command7, 2160, 3840, 1935, 375);
+    Command7->setEnabled(false);
+
+    Command5 = new QPushButton(QStringLiteral("Unfold All"), central);
+    Command5->setObjectName(QStringLiteral("Command5"));
+    PlaceTwips(Command5, 2160, 4320, 1935, 255);
+
+    Command6 = new QPushButton(QStringLiteral("Clear Experiment"), central);
+    Command6->setObjectName(QStringLiteral("Command6"));
+    PlaceTwips(Command6, 2160, 4680, 1935, 255);
+    Command6->setEnabled(false);
+
+    BuildValuesPanel(central);
+
+    // An unfolded list lies over the box below it.
+    for (QListWidget *list : List1)
+        list->raise();
+}
+
+void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top)
+{
+    auto *title = new ClickLabel(QString::fromLatin1(kCategoryTitles[static_cast<std::size_t>(i)]), central);
+    title->setObjectName(Indexed("Label2", i));
+    PlaceTwips(title, left, top - 225, kListWidth, 210);
+    Label2[static_cast<std::size_t>(i)] = title;
+
+    auto *box = MakePanel(central, Indexed("Picture1", i), QColor(150, 138, 110));
+    box->setFrameShape(QFrame::StyledPanel);
+    PlaceTwips(box, left, top + 240, kListWidth, 930);
+    Picture1[static_cast<std::size_t>(i)] = box;
+
+    auto *list = new QListWidget(central);
+    list->setObjectName(Indexed("List1", i));
+    list->setFrameShape(QFrame::NoFrame);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PlaceTwips(list, left, top, kListWidth, kFoldedList);
+    List1[static_cast<std::size_t>(i)] = list;
+
+    Label28[static_cast<std::size_t>(i)] = MakeLabel(box, Indexed("Label28", i), QStringLiteral("Exp:"), 60, 45, 400, 240);
+    Label42[static_cast<std::size_t>(i)] =
+        MakeLabel(box, Indexed("Label42", i), QStringLiteral("0%/0%"), 480, 45, 1000, 240);
+
+    auto *toggle = new QPushButton(QStringLiteral("+"), box);
+    toggle->setObjectName(Indexed("Command2", i));
+    PlaceTwips(toggle, kListWidth - 360, 30, 300, 300);
+    toggle->setEnabled(false);
+    Command2[static_cast<std::size_t>(i)] = toggle;
+
+    auto *line = new QFrame(box);
+    line->setObjectName(Indexed("Line1", i));
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    PlaceTwips(line, 60, 390, kListWidth - 120, 30);
+    Line1[static_cast<std::size_t>(i)] = line;
+
+    // Each box shows its five contribution labels left to right for pairs 0..4; box 0 holds
+    // labels 0..4, box i the labels 5i+4 down to 5i. The box's own pair is drawn in white.
+    const int cell = kListWidth / 5;
+    for (int pair = 0; pair < 5; ++pair) {
+        const int index = i == 0 ? pair : 5 * i + 4 - pair;
+        QLabel *label = MakeLabel(box, Indexed("Label43", index), QStringLiteral("0"), pair * cell, 480, cell, 300);
+        label->setAlignment(Qt::AlignCenter);
+        SetTextColour(label, pair == i ? Qt::white : Qt::black);
+        Label43[static_cast<std::size_t>(index)] = label;
+    }
+}
+
+void TemplatePanel::BuildValuesPanel(QWidget *central)
+{
+    Picture2 = MakePanel(central, QStringLiteral("Picture2"), QColor(191, 186, 164));
+    Picture2->setFrameShape(QFrame::StyledPanel);
+    Picture2->setFocusPolicy(Qt::StrongFocus);
+    PlaceTwips(Picture2, 120, 5160, 3975, 1695);
+
+    Label1 = new ClickLabel(QStringLiteral("^"), Picture2);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    PlaceTwips(Label1, 0, 0, 135, 135);
+
+    // Two columns: Hardiness..Cleverness on the left, Dependability..Quality on the right,
+    // with Power two lines high.
+    for (int a = 0; a < 11; ++a) {
+        const bool right = a >= 6;
+        const int row = right ? a - 6 + (a == 10 ? 1 : 0) : a;
+        const int left = right ? 2010 : 150;
+        const int top = 90 + row * 255;
+        MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]), left, top,
+                  1080, 255);
+        QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),
+                                  left + 1080, top, right ? 870 : 780, a == 9 ? 510 : 255);
+        value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        Label14[static_cast<std::size_t>(a)] = value;
+    }
+}
+
+void TemplatePanel::ClearTemplate(int category)
+{
+    if (category >= 5)
+        ClearWholeTemplate();
+}
+
+void TemplatePanel::ClearWholeTemplate()
+{
+    for (QLabel *label : Label43)
+        label->setText(QStringLiteral("0"));
+    for (int k = 0; k < 5; ++k) {
+        List1[static_cast<std::size_t>(k)]->clear();
+        Label42[static_cast<std::size_t>(k)]->setText(QStringLiteral("0%/0%"));
+    }
+    for (int a = 0; a < 10; ++a)
+        Label14[static_cast<std::size_t>(a)]->setText(QStringLiteral("0 [0]"));
+    Label14[10]->setText(QString());
+    prediction_.ClearStats();
+    quorvel::ClearWholeTemplate(state_.Template);
+}
+
+void TemplatePanel::SetListFolded(int category, bool folded)
+{
+    QListWidget *list = List1[static_cast<std::size_t>(category)];
+    list->resize(list->width(), TwipsToPx(folded ? kFoldedList : kUnfoldedList));
+}
+
+void TemplatePanel::SetValuesPanelFolded(bool folded)
+{
+    Picture2->resize(Picture2->width(), TwipsToPx(folded ? 135 : 1695));
+}
+
+void TemplatePanel::PutDnaInTemplate(int) {}
+void TemplatePanel::PutDnaInFirstFreeSlot() {}
+void TemplatePanel::ToggleExperiment(int) {}
+void TemplatePanel::EvaluateTemplate() {}

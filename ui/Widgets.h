@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLabel>
+#include <QObject>
+
+// A label that acts on a click (a press and release on it).
+class ClickLabel : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+
+signals:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    bool pressed_ = false;
+};
+
+// Makes a widget a drop target that accepts any drag, whatever it carries (nothing
+// dropped is read: the drop acts on the selected sample). For an item view, pass its view;
+// the filter sits on the viewport, where drags arrive.
+class DropFilter : public QObject {
+    Q_OBJECT
+public:
+    explicit DropFilter(QWidget *target);
+
+signals:
+    void dropped();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
+// A panel filled with one colour.
+class QFrame;
+QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour);
+void SetTextColour(QWidget *widget, const QColor &colour);
