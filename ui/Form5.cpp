@@ -1,10 +1,149 @@
 #include "Form5.h"
 
+#include "DnaListPanel.h"
+#include "DnaListView.h"
 #include "Form1.h"
+#include "Twips.h"
+#include "UiText.h"
+#include "Widgets.h"
+#include "WindowUtil.h"
 
-Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main)
-{
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QPushButton>
+
+namespace {
+
+// The points column has twelve boxes; the window's inner area is 8295 by 6315 twips.
+constexpr int kInnerWidth = 8295;
+constexpr int kInnerHeight = 6315;
+
+QColor ColourOf(quorvel::BoxColour colour) {
+    switch (colour) {
+    case quorvel::BoxColour::Yellow:
+        return {255, 255, 0};
+    case quorvel::BoxColour::Green:
+        return {0, 255, 0};
+    case quorvel::BoxColour::White:
+        break;
+    }
+    return {255, 255, 255};
+}
+
+void PaintBox(QWidget *box, quorvel::BoxColour colour) {
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Window, ColourOf(colour));
+    box->setPalette(palette);
+}
+
+} // namespace
+
+Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
     setObjectName(QStringLiteral("Form5"));
     setWindowTitle(QStringLiteral("ExpSim"));
     setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
+    setAutoFillBackground(true);
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, QColor(163, 148, 118));
+    setPalette(palette);
+    QFont compact = font();
+    compact.setPointSizeF(8.0);
+    setFont(compact);
+
+    BuildValuesPanel();
+    BuildStatsPanel();
+    BuildPointsColumn();
+    BuildCategoryRows();
+    BuildButtons();
+    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+    connect(Command2, &QPushButton::clicked, this, &Form5::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &Form5::Command3_Click);
+    connect(Check1, &QCheckBox::clicked, this, &Form5::Check1_Click);
+
+    quorvel::CreateSession(main_.State().Session);
+    OpenExperimentWindow();
+}
+
+void Form5::OpenExperimentWindow() {
+    AppState &state = main_.State();
+    ApplyOpeningOptions();
+    // A points value from a hand-edited settings file is held to the twelve boxes there are.
+    quorvel::OpenExperiment(state.Session, state.Template, state.Settings.ExpPoints);
+    ShowSession();
+    PredictPet();
+}
+
+void Form5::ApplyOpeningOptions() {
+    const quorvel::Settings &settings = main_.State().Settings;
+    if (settings[quorvel::Min])
+        main_.showMinimized();
+    if (settings[quorvel::OnTop]) {
+        Check1->setChecked(true);
+        SetTopMost(this, true);
+    }
+}
+
+void Form5::PlaceBox(int category, int box) {
+    quorvel::PlacePoint(main_.State().Session, category, box);
+    ShowSession();
+}
+
+void Form5::Command2_Click() {
+    AppState &state = main_.State();
+    quorvel::RunExperiment(state.Session, state.Template);
+    ShowSession();
+    PredictPet();
+}
+
+void Form5::Command3_Click() {
+    AppState &state = main_.State();
+    quorvel::ResetSession(state.Session, state.Template, state.Settings.ExpPoints);
+    ApplyOpeningOptions();
+    ShowSession();
+    PredictPet();
+}
+
+void Form5::Check1_Click() {
+    SetTopMost(this, Check1->isChecked());
+}
+
+void Form5::closeEvent(QCloseEvent *event) {
+    CloseExperimentWindow();
+    QWidget::closeEvent(event);
+}
+
+void Form5::CloseExperimentWindow() {
+    main_.List().ListView1->setFocus();
+    // Normal again whatever the main window's state was; a main window that is itself closing
+    // is not shown again.
+    main_.setWindowState(Qt::WindowNoState);
+}
+
+void Form5::ShowSession() {
+    const quorvel::ExperimentSession &s = main_.State().Session;
+    Label1->setText(QString::number(s.RemainingPoints));
+    for (std::size_t b = 0; b < Picture4.size(); ++b)
+        PaintBox(Picture4[b], s.Points[b]);
+    for (std::size_t c = 0; c < Boxes.size(); ++c) {
+        for (std::size_t b = 0; b < Boxes[c].size(); ++b) {
+            PaintBox(Boxes[c][b], s.Rows[c][b]);
+            Boxes[c][b]->setHidden(!s.Visible[c][b]);
+        }
+        Label42[c]->setText(ToQt(s.CurrentPercentText[c]));
+        Label5[c]->setText(ToQt(s.CapPercentText[c]));
+    }
+    for (std::size_t k = 0; k < s.ValueTexts.size(); ++k)
+        Label14[k]->setText(ToQt(s.ValueTexts[k]));
+    Command2->setEnabled(s.PointPending);
+}
+
+void Form5::PredictPet() {
+    AppState &state = main_.State();
+    const quorvel::PetPrediction pet =
+        quorvel::PredictPetStats(state.Template.Current, quorvel::PredictionSource::Template, state.Equations());
+    ShowStatTexts(Label23, pet.labels);
+    if (pet.level.anyRan)
+        state.LastCreatureLevel = pet.level.lastCreatureLevel;
 }
