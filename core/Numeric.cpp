@@ -18,16 +18,9 @@ double RoundHalfEven(double x) {
 
 double RoundHalfEven(double x, int decimals) {
     const double scale = std::pow(10.0, decimals);
-    const double scaled = x * scale;
-    double rounded = RoundHalfEven(scaled);
-    // The product may have been rounded onto a half (2.675 * 100 gives 267.5 exactly); the
-    // exact product's error then tells on which side of the half the value really lies.
-    if (std::fabs(scaled - rounded) == 0.5) {
-        const double error = std::fma(x, scale, -scaled);
-        if (error != 0.0)
-            rounded = error > 0.0 ? std::ceil(scaled) : std::floor(scaled);
-    }
-    return rounded / scale;
+    // The scaled double is rounded as it stands: 2.675 * 100 is 267.5 in doubles, which goes
+    // to the even 268, so 2.675 rounds to 2.68 like every other tie the scaling produces.
+    return RoundHalfEven(x * scale) / scale;
 }
 
 bool FitsInt16(double wholeNumber) {

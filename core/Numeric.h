@@ -5,8 +5,9 @@
 #include <string>
 
 // The one place where numbers are rounded, range-checked and turned into text.
-// Rounding is always to the nearest with halves to the even neighbour, on the
-// binary double exactly as it stands (2.5 -> 2, 3.5 -> 4, 2.675 to 2 decimals -> 2.67).
+// Rounding is always to the nearest with halves to the even neighbour (2.5 -> 2, 3.5 -> 4).
+// Rounding to n decimals scales by 10^n in doubles, rounds that product and scales back
+// (2.675 to 2 decimals: 2.675 * 100 is 267.5 in doubles, so the result is 2.68).
 namespace quorvel {
 
 // Nearest whole number, halves to even, as a double (no range check).

