@@ -1,3 +1,12 @@
 #include "Form1.h"
 
-void Form1::ShowAddDna() {}
+#include "Form2.h"
+#include "WindowUtil.h"
+
+void Form1::ShowAddDna() {
+    // A closed window waits for its deletion until the event loop runs again; the next
+    // opening already gets a fresh one.
+    if (!form2_ || !form2_->isVisible())
+        form2_ = new Form2(*this);
+    ShowOrFocusWindow(form2_);
+}

@@ -1,10 +1,230 @@
 #include "Form2.h"
 
+#include "DnaListPanel.h"
+#include "DnaListView.h"
 #include "Form1.h"
+#include "Twips.h"
+#include "UiText.h"
+#include "Widgets.h"
+#include "WindowUtil.h"
 
-Form2::Form2(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main)
-{
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFrame>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+constexpr std::array<const char *, 12> kBoxTitles{
+    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
+    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
+constexpr std::array<const char *, 11> kStatTitles{
+    "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
+    "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
+
+constexpr int kNarrowWidth = 3450;
+constexpr int kWideWidth = 5730;
+constexpr int kInnerHeight = 4800;
+// Picture1 fills the part of the wide window's inner area that the narrow one leaves out.
+constexpr int kNarrowInnerWidth = 3360;
+constexpr int kWideInnerWidth = 5640;
+constexpr int kInputsWidth = 3120; // Picture4; Label1 stands right of it
+constexpr int kPanelHeight = 4200;
+constexpr int kRowTop = 60;
+constexpr int kRowPitch = 285;
+constexpr int kRowHeight = 255;
+constexpr int kTitleLeft = 60;
+constexpr int kBoxLeft = 1260;
+constexpr int kBoxWidth = 810;
+constexpr int kBottomTop = 4320;
+constexpr int kBottomHeight = 345;
+
+int RowTop(int row) {
+    return kRowTop + row * kRowPitch;
+}
+
+} // namespace
+
+void TypedBox::focusInEvent(QFocusEvent *event) {
+    QLineEdit::focusInEvent(event);
+    emit gotFocus();
+}
+
+void TypedBox::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    // Only the focus going to another control leaves the box; switching windows or
+    // opening the box's own menu does not.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        emit lostFocus();
+}
+
+Form2::Form2(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
     setObjectName(QStringLiteral("Form2"));
     setWindowTitle(QStringLiteral("Add DNA"));
     setAttribute(Qt::WA_DeleteOnClose);
+    QFont compact = font();
+    compact.setPointSizeF(8.0);
+    setFont(compact);
+    setFixedSize(TwipsToPx(kNarrowWidth), TwipsToPx(kInnerHeight));
+
+    BuildInputs();
+    BuildStatsPanel();
+    BuildBottomRow();
+    SetTabOrder();
+    Form_Load();
+}
+
+void Form2::BuildInputs() {
+    Picture4 = new QFrame(this);
+    Picture4->setObjectName(QStringLiteral("Picture4"));
+    PlaceTwips(Picture4, 0, 0, kInputsWidth, kPanelHeight);
+
+    for (int i = 0; i < 12; ++i) {
+        const QString title = QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]);
+        MakeLabel(Picture4, QString(), title, kTitleLeft, RowTop(i), kBoxLeft - kTitleLeft, kRowHeight);
+        auto *box = new TypedBox(Picture4);
+        box->setObjectName(QStringLiteral("Text1_%1").arg(i));
+        box->setAccessibleName(title.chopped(1));
+        PlaceTwips(box, kBoxLeft, RowTop(i), i == 10 ? 2 * kBoxWidth : kBoxWidth, kRowHeight);
+        Text1[static_cast<std::size_t>(i)] = box;
+        connect(box, &TypedBox::gotFocus, this, [this, i] { Text1_GotFocus(i); });
+        connect(box, &TypedBox::lostFocus, this, [this, i] { Text1_LostFocus(i); });
+        connect(box, &QLineEdit::returnPressed, this, [this, i] { Text1_KeyPress(i); });
+    }
+
+    Combo1 = new QComboBox(Picture4);
+    Combo1->setObjectName(QStringLiteral("Combo1"));
+    Combo1->setEditable(true);
+    Combo1->setInsertPolicy(QComboBox::NoInsert);
+    Combo1->addItems({QStringLiteral("VHQ"), QStringLiteral("HQ"), QStringLiteral("AAQ"), QStringLiteral("AQ"),
+                      QStringLiteral("BAQ"), QStringLiteral("LQ"), QStringLiteral("VLQ"), QStringLiteral("?")});
+    Combo1->setAccessibleName(QStringLiteral("Quality"));
+    PlaceTwips(Combo1, kBoxLeft + kBoxWidth + 60, RowTop(11) - 15, 960, kRowHeight + 30);
+
+    MakeLabel(Picture4, QString(), QStringLiteral("Planet:"), kTitleLeft, RowTop(12), kBoxLeft - kTitleLeft,
+              kRowHeight);
+    Combo2 = new QComboBox(Picture4);
+    Combo2->setObjectName(QStringLiteral("Combo2"));
+    Combo2->setEditable(true);
+    Combo2->setInsertPolicy(QComboBox::NoInsert);
+    Combo2->addItems({QStringLiteral("Any"), QStringLiteral("Corellia"), QStringLiteral("Dantooine"),
+                      QStringLiteral("Dathomir"), QStringLiteral("Endor"), QStringLiteral("Kashyyyk"),
+                      QStringLiteral("Lok"), QStringLiteral("Naboo"), QStringLiteral("Rori"), QStringLiteral("Talus"),
+                      QStringLiteral("Tatooine"), QStringLiteral("Yavin 4")});
+    Combo2->setAccessibleName(QStringLiteral("Planet"));
+    PlaceTwips(Combo2, kBoxLeft, RowTop(12) - 15, 2 * kBoxWidth, kRowHeight + 30);
+
+    for (QComboBox *combo : {Combo1, Combo2}) {
+        combo->setCurrentIndex(-1);
+        combo->setEditText(QStringLiteral("Any"));
+    }
+
+    Option1[0] = new QRadioButton(QStringLiteral("Wild"), Picture4);
+    Option1[0]->setObjectName(QStringLiteral("Option1_0"));
+    Option1[0]->setChecked(true);
+    PlaceTwips(Option1[0], kBoxLeft, RowTop(13) + 30, 900, kRowHeight);
+    Option1[1] = new QRadioButton(QStringLiteral("Mission"), Picture4);
+    Option1[1]->setObjectName(QStringLiteral("Option1_1"));
+    PlaceTwips(Option1[1], kBoxLeft + 900, RowTop(13) + 30, 1080, kRowHeight);
+
+    Label1 = new ClickLabel(QStringLiteral(">>"), this);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Label1->setAlignment(Qt::AlignCenter);
+    PlaceTwips(Label1, kInputsWidth, 0, 240, kRowHeight);
+    connect(Label1, &ClickLabel::clicked, this, &Form2::Label1_Click);
+}
+
+void Form2::BuildStatsPanel() {
+    Picture1 = new QFrame(this);
+    Picture1->setObjectName(QStringLiteral("Picture1"));
+    PlaceTwips(Picture1, kNarrowInnerWidth, 0, kWideInnerWidth - kNarrowInnerWidth, kPanelHeight);
+    for (int i = 0; i < 11; ++i) {
+        const int height = i == 10 ? 3 * kRowHeight + 90 : kRowHeight;
+        MakeLabel(Picture1, QString(), QString::fromLatin1(kStatTitles[static_cast<std::size_t>(i)]), 60, RowTop(i),
+                  1140, kRowHeight);
+        QLabel *value = MakeLabel(Picture1, QStringLiteral("Label23_%1").arg(i), QStringLiteral("0"), 1200, RowTop(i),
+                                  1080, height);
+        value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        Label23[static_cast<std::size_t>(i)] = value;
+    }
+}
+
+void Form2::BuildBottomRow() {
+    Check1 = new QCheckBox(QStringLiteral("Always on top"), this);
+    Check1->setObjectName(QStringLiteral("Check1"));
+    PlaceTwips(Check1, 60, kBottomTop, 1560, kBottomHeight);
+    connect(Check1, &QCheckBox::toggled, this, &Form2::Check1_Click);
+
+    Command4 = new QPushButton(QStringLiteral("Save"), this);
+    Command4->setObjectName(QStringLiteral("Command4"));
+    PlaceTwips(Command4, 1680, kBottomTop, 780, kBottomHeight);
+    connect(Command4, &QPushButton::clicked, this, &Form2::Command4_Click);
+
+    Command1 = new QPushButton(QStringLiteral("Exit"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    PlaceTwips(Command1, 2520, kBottomTop, 780, kBottomHeight);
+    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void Form2::SetTabOrder() {
+    QList<QWidget *> order{Combo2, Combo1, Option1[1], Option1[0], Command4, Check1, Command1};
+    for (TypedBox *box : Text1)
+        order << box;
+    for (int i = 0; i + 1 < order.size(); ++i)
+        QWidget::setTabOrder(order[i], order[i + 1]);
+}
+
+void Form2::Form_Load() {
+    const quorvel::Settings &settings = main_.State().Settings;
+    if (settings[quorvel::Min])
+        main_.showMinimized();
+    if (settings[quorvel::OnTop]) {
+        Check1->setChecked(true);
+        SetTopMost(this, true);
+    }
+}
+
+void Form2::closeEvent(QCloseEvent *event) {
+    if (!unloaded_)
+        Form_Unload();
+    QWidget::closeEvent(event);
+}
+
+void Form2::Form_Unload() {
+    unloaded_ = true;
+    if (!main_.isVisible())
+        return;
+    main_.showNormal();
+    main_.activateWindow();
+    main_.List().ListView1->setFocus();
+}
+
+void Form2::Check1_Click() {
+    SetTopMost(this, Check1->isChecked());
+}
+
+void Form2::Label1_Click() {
+    bool &live = main_.State().LiveEvaluation;
+    live = !live;
+    setFixedWidth(TwipsToPx(live ? kWideWidth : kNarrowWidth));
+}
+
+void Form2::Text1_GotFocus(int box) {
+    Text1[static_cast<std::size_t>(box)]->selectAll();
+}
+
+void Form2::Text1_KeyPress(int box) {
+    if (unloaded_ || box > 10)
+        return;
+    if (main_.State().LiveEvaluation)
+        EvaluateTypedSample();
+    Text1[static_cast<std::size_t>(box) + 1]->setFocus(Qt::TabFocusReason);
+}
+
+void Form2::Text1_LostFocus(int) {
+    if (!unloaded_ && main_.State().LiveEvaluation)
+        EvaluateTypedSample();
 }

@@ -1,15 +1,76 @@
 #pragma once
 
+#include "StatLabels.h"
+
+#include <QLineEdit>
 #include <QWidget>
 
-class Form1;
+#include <array>
 
-// The Add DNA window.
+class ClickLabel;
+class Form1;
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QPushButton;
+class QRadioButton;
+
+// A number box of the Add DNA window; it reports gaining and losing the focus.
+class TypedBox : public QLineEdit {
+    Q_OBJECT
+public:
+    using QLineEdit::QLineEdit;
+
+signals:
+    void gotFocus();
+    void lostFocus();
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+};
+
+// The Add DNA window: typed samples go to the library and the main list one after another,
+// and the statistics panel predicts the typed sample's pet.
 class Form2 : public QWidget {
     Q_OBJECT
 public:
     explicit Form2(Form1 &main, QWidget *parent = nullptr);
 
+    QFrame *Picture4 = nullptr;
+    std::array<TypedBox *, 12> Text1{};
+    QComboBox *Combo1 = nullptr; // quality
+    QComboBox *Combo2 = nullptr; // planet
+    std::array<QRadioButton *, 2> Option1{};
+    ClickLabel *Label1 = nullptr; // ">>"
+    QFrame *Picture1 = nullptr;
+    StatLabelArray Label23{};
+    QCheckBox *Check1 = nullptr;
+    QPushButton *Command4 = nullptr; // "Save"
+    QPushButton *Command1 = nullptr; // "Exit"
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
+    void BuildInputs();
+    void BuildStatsPanel();
+    void BuildBottomRow();
+    void SetTabOrder();
+
+    void Form_Load();
+    void Form_Unload();
+    void Command4_Click();
+    void Check1_Click();
+    void Label1_Click();
+    void Text1_GotFocus(int box);
+    void Text1_KeyPress(int box);
+    void Text1_LostFocus(int box);
+    void EvaluateTypedSample();
+    void ResetBoxes();
+
     Form1 &main_;
+    // Set once the window has run its closing steps; the boxes then no longer act, since
+    // the main window may go away before this one is deleted.
+    bool unloaded_ = false;
 };

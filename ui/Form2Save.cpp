@@ -1,0 +1,107 @@
+#include "Form2.h"
+
+#include "DnaListPanel.h"
+#include "Form1.h"
+#include "Numeric.h"
+#include "ReadNumber.h"
+#include "ReferenceTables.h"
+#include "TypedSample.h"
+#include "UiText.h"
+
+#include <QComboBox>
+#include <QMessageBox>
+#include <QRadioButton>
+
+using namespace quorvel;
+
+namespace {
+
+// The quality entries name the words they abbreviate, so each is stored as that word's
+// index: VHQ Very High, HQ High, AAQ Above Average, AQ Average, BAQ Below Average, LQ and
+// VLQ Poor, "?" Unknown.
+constexpr std::array<int, 8> kQualityOfEntry{5, 4, 3, 2, 1, 0, 0, 6};
+
+// The entry whose text the box shows (typed text counts when it matches an entry, in any
+// case); -1 for none.
+int ChosenEntry(const QComboBox *box) {
+    return box->findText(box->currentText(), Qt::MatchFixedString);
+}
+
+std::optional<int16_t> ReadBox(const QLineEdit *box) {
+    return ToInt16(ReadNumber(FromQt(box->text())));
+}
+
+} // namespace
+
+void Form2::Command4_Click() {
+    AppState &state = main_.State();
+    // A full library or a value that does not fit its 16-bit field stores nothing, and the
+    // user is told why rather than finding a sample missing or changed.
+    if (state.Library.IsFull()) {
+        QMessageBox::warning(
+            this, windowTitle(),
+            QStringLiteral("The library is full: it holds %1 samples. Nothing was saved.").arg(kMaxSamples));
+        return;
+    }
+    DnaRecord record;
+    for (int i = 0; i < 12; ++i) {
+        if (i == 10)
+            continue;
+        TypedBox *box = Text1[static_cast<std::size_t>(i)];
+        const std::optional<int16_t> value = ReadBox(box);
+        if (!value) {
+            QMessageBox::warning(
+                this, windowTitle(),
+                QStringLiteral("%1 is out of range: values must lie between -32768 and 32767. Nothing was saved.")
+                    .arg(box->accessibleName()));
+            box->setFocus();
+            return;
+        }
+        if (i < kAttributeCount)
+            record.Attributes[static_cast<std::size_t>(i)] = *value;
+        else
+            record.Level = *value;
+    }
+    record.Name = FromQt(Text1[10]->text());
+    record.Planet = static_cast<int16_t>(std::max(ChosenEntry(Combo2), 0));
+    const int quality = ChosenEntry(Combo1);
+    record.Quality = quality < 0 ? 0.0f : static_cast<float>(kQualityOfEntry[static_cast<std::size_t>(quality)]);
+    record.Origin = Option1[0]->isChecked() ? 0 : 1;
+
+    const int slot = *state.Library.AppendRecord();
+    state.Library.Records[static_cast<std::size_t>(slot)] = record;
+    DnaListPanel &list = main_.List();
+    const int row = list.AddDnaRow(slot);
+    if (state.ListSorted) {
+        state.ListSorted = false;
+        list.RebuildDnaList();
+    } else {
+        for (int i = 0; i < kAttributeCount; ++i)
+            list.SetDnaCell(row, i + 2, ToQt(EditorCell(record.Attributes[static_cast<std::size_t>(i)])));
+        list.SetDnaCell(row, 1, Text1[10]->text());
+        list.SetDnaCell(row, 12, ToQt(EditorCell(record.Level)));
+        list.SetDnaCell(row, 13, ToQt(PlanetName(record.Planet).value_or(std::string())));
+        list.SetDnaCell(row, 15, ToQt(QualityName(record.Quality).value_or(std::string())));
+        list.SetDnaCell(row, 14, ToQt(OriginName(record.Origin).value_or(std::string())));
+    }
+    ResetBoxes();
+}
+
+void Form2::ResetBoxes() {
+    for (TypedBox *box : Text1)
+        box->clear();
+    Combo1->setCurrentIndex(Combo1->count() - 1);
+    Combo2->setCurrentIndex(0);
+    Option1[0]->setChecked(true);
+}
+
+void Form2::EvaluateTypedSample() {
+    std::array<double, kAttributeCount> typed{};
+    for (std::size_t i = 0; i < typed.size(); ++i)
+        typed[i] = ReadNumber(FromQt(Text1[i]->text()));
+    AppState &state = main_.State();
+    const TypedEvaluation result = quorvel::EvaluateTypedSample(typed, state.Equations());
+    ShowStatTexts(Label23, result.labels);
+    if (result.anyRan)
+        state.LastCreatureLevel = result.lastCreatureLevel;
+}
