@@ -270,7 +270,8 @@ void Form1::ExitApp()
 
 void Form1::ShowAbout()
 {
-    if (!form4_)
+    // A closed window waits for its deletion; a new one takes its place at once.
+    if (!form4_ || !form4_->isVisible())
         form4_ = new Form4();
     ShowOrFocusWindow(form4_);
 }
