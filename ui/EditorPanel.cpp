@@ -2,36 +2,58 @@
 
 #include "AppState.h"
 #include "DnaListPanel.h"
+#include "Numeric.h"
+#include "ReadNumber.h"
+#include "ReferenceTables.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <algorithm>
+#include <optional>
+
+using namespace quorvel;
+
 namespace {
 
-constexpr std::array<const char *, 12> kBoxTitles{"Hardiness:", "Fortitude:",     "Dexterity:", "Endurance:",
-                                                  "Intellect:", "Cleverness:",    "Dependability:", "Courage:",
-                                                  "Fierceness:", "Power:",        "Name:",      "Level:"};
+constexpr std::array<const char *, 12> kBoxTitles{
+    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
+    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
 constexpr int kRowTop = 150;
 constexpr int kRowPitch = 255;
 constexpr int kBoxHeight = 240;
 
-int RowTop(int row)
-{
+int RowTop(int row) {
     return kRowTop + row * kRowPitch;
+}
+
+// The entry a drop-down box stands for: its current entry while the text is that entry's,
+// otherwise the entry whose text was typed exactly; -1 when the text names no entry.
+int ChosenPosition(const QComboBox *combo) {
+    const int current = combo->currentIndex();
+    if (current >= 0 && combo->itemText(current) == combo->currentText())
+        return current;
+    return combo->findText(combo->currentText(), Qt::MatchExactly);
+}
+
+QString NameText(const std::optional<std::string> &name) {
+    return ToQt(name.value_or(std::string()));
 }
 
 } // namespace
 
 EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
-    : QObject(central), state_(state), list_(list)
-{
+    : QObject(central), state_(state), list_(list) {
     Picture4 = MakePanel(central, QStringLiteral("Picture4"), QColor(191, 186, 164));
     Picture4->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture4, 4200, 7920, 8055, 1455);
@@ -41,10 +63,20 @@ EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
     PlaceTwips(Label41, 0, 0, 135, 135);
 
     BuildControls();
+
+    for (QLineEdit *box : Text1)
+        box->installEventFilter(this);
+    Combo1->installEventFilter(this);
+    Combo2->installEventFilter(this);
+    connect(Command3, &QPushButton::clicked, this, &EditorPanel::Command3_Click);
+    connect(Command4, &QPushButton::clicked, this, &EditorPanel::Command4_Click);
+    // Also when the start-up sets the switch from the settings.
+    connect(Check1, &QCheckBox::toggled, this, &EditorPanel::Check1_Click);
+    for (QRadioButton *option : Option1)
+        connect(option, &QRadioButton::clicked, this, &EditorPanel::Option1_Click);
 }
 
-void EditorPanel::BuildControls()
-{
+void EditorPanel::BuildControls() {
     // Columns 1 and 2 hold the ten attributes, column 3 name, level, planet, quality and
     // origin, column 4 the switch and the buttons.
     for (int i = 0; i < 12; ++i) {
@@ -64,6 +96,7 @@ void EditorPanel::BuildControls()
     Combo2 = new QComboBox(Picture4);
     Combo2->setObjectName(QStringLiteral("Combo2"));
     Combo2->setEditable(true);
+    Combo2->setInsertPolicy(QComboBox::NoInsert);
     Combo2->addItems({QStringLiteral("Any"), QStringLiteral("Corellia"), QStringLiteral("Dantooine"),
                       QStringLiteral("Dathomir"), QStringLiteral("Endor"), QStringLiteral("Kashyyyk"),
                       QStringLiteral("Lok"), QStringLiteral("Naboo"), QStringLiteral("Rori"), QStringLiteral("Talus"),
@@ -76,6 +109,7 @@ void EditorPanel::BuildControls()
     Combo1 = new QComboBox(Picture4);
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setEditable(true);
+    Combo1->setInsertPolicy(QComboBox::NoInsert);
     Combo1->addItems({QStringLiteral("Poor"), QStringLiteral("BAQ"), QStringLiteral("AQ"), QStringLiteral("AAQ"),
                       QStringLiteral("HQ"), QStringLiteral("VHQ"), QStringLiteral("?")});
     Combo1->setCurrentIndex(-1);
@@ -112,9 +146,164 @@ void EditorPanel::BuildControls()
         QWidget::setTabOrder(order[i], order[i + 1]);
 }
 
-void EditorPanel::SetFolded(bool folded)
-{
+void EditorPanel::SetFolded(bool folded) {
     Picture4->resize(Picture4->width(), TwipsToPx(folded ? 135 : 1455));
 }
 
-void EditorPanel::ShowRecordInEditor() {}
+void EditorPanel::ShowChoice(QComboBox *combo, int position) {
+    const bool shown = position >= 0 && position < combo->count();
+    combo->setCurrentIndex(shown ? position : -1);
+    combo->setEditText(shown ? combo->itemText(position) : QString());
+}
+
+void EditorPanel::ShowRecordInEditor() {
+    const DnaRecord &record = state_.Library.Selected();
+    for (int i = 0; i < kAttributeCount; ++i)
+        Text1[static_cast<std::size_t>(i)]->setText(QString::number(record.Attributes[static_cast<std::size_t>(i)]));
+    Text1[10]->setText(ToQt(record.Name));
+    Text1[11]->setText(QString::number(record.Level));
+    ShowChoice(Combo2, record.Planet);
+    // The quality box has no entry for index 7 (nor for anything beyond the table): it then
+    // shows no entry and an empty text.
+    ShowChoice(Combo1, QualityIndex(record.Quality));
+    Option1[record.Origin != 0 ? 1 : 0]->setChecked(true);
+}
+
+void EditorPanel::WriteCell(int column, const QString &text) {
+    // A selection without a row (nothing loaded yet) changes the sample only.
+    list_.SetDnaCell(state_.Library.SelectedRow, column, text);
+}
+
+void EditorPanel::ApplyEditorToRecord(int box) {
+    if (box < 0 || box > 11)
+        return;
+    DnaRecord &record = state_.Library.Selected();
+    const QString text = Text1[static_cast<std::size_t>(box)]->text();
+    if (box == 10) {
+        record.Name = FromQt(text);
+        WriteCell(1, text);
+        return;
+    }
+    int16_t &field = box == 11 ? record.Level : record.Attributes[static_cast<std::size_t>(box)];
+    // A number beyond the 16-bit range is not stored; the cell then shows the value kept.
+    if (const std::optional<int16_t> value = ToInt16(ReadNumber(FromQt(text))))
+        field = *value;
+    WriteCell(box == 11 ? 12 : box + 2, ToQt(EditorCell(field)));
+}
+
+void EditorPanel::StorePlanet() {
+    DnaRecord &record = state_.Library.Selected();
+    record.Planet = static_cast<int16_t>(std::max(ChosenPosition(Combo2), 0));
+    WriteCell(13, NameText(PlanetName(record.Planet)));
+}
+
+void EditorPanel::StoreQuality() {
+    DnaRecord &record = state_.Library.Selected();
+    record.Quality = static_cast<float>(std::max(ChosenPosition(Combo1), 0));
+    WriteCell(15, NameText(QualityName(record.Quality)));
+}
+
+void EditorPanel::StoreOrigin() {
+    DnaRecord &record = state_.Library.Selected();
+    record.Origin = Option1[0]->isChecked() ? 0 : 1;
+    WriteCell(14, NameText(OriginName(record.Origin)));
+}
+
+void EditorPanel::Command3_Click() {
+    for (int box = 0; box < 12; ++box)
+        ApplyEditorToRecord(box);
+    StorePlanet();
+    StoreQuality();
+    StoreOrigin();
+}
+
+void EditorPanel::Command4_Click() {
+    DnaLibrary &library = state_.Library;
+    const std::optional<int> slot = library.AppendRecord();
+    if (!slot) {
+        // A full library refuses the new sample and says why.
+        QMessageBox full(QMessageBox::Information, QStringLiteral("New DNA"),
+                         QStringLiteral("The library is full: it holds %1 samples.").arg(kMaxSamples), QMessageBox::Ok,
+                         Picture4->window());
+        full.exec();
+        return;
+    }
+    const int row = list_.AddDnaRow(*slot);
+    // The slot may still hold a sample of a longer library loaded before.
+    DnaRecord &record = library.Records[static_cast<std::size_t>(*slot)];
+    record = DnaRecord{};
+    record.Name = "New DNA";
+    if (state_.ListSorted) {
+        state_.ListSorted = false;
+        list_.RebuildDnaList();
+    } else {
+        list_.SetDnaCell(row, 1, ToQt(record.Name));
+    }
+    library.SelectedRecord = static_cast<int16_t>(*slot);
+    library.SelectedRow = static_cast<int16_t>(*slot);
+    // The new sample's values are exactly the panel's reset values.
+    ShowRecordInEditor();
+}
+
+void EditorPanel::Check1_Click() {
+    Command3->setEnabled(!Check1->isChecked());
+}
+
+void EditorPanel::Combo1_LostFocus() {
+    if (Check1->isChecked())
+        StoreQuality();
+}
+
+void EditorPanel::Combo2_LostFocus() {
+    if (Check1->isChecked())
+        StorePlanet();
+}
+
+void EditorPanel::Option1_Click() {
+    if (Check1->isChecked())
+        StoreOrigin();
+}
+
+void EditorPanel::Text1_GotFocus(int box) {
+    Text1[static_cast<std::size_t>(box)]->selectAll();
+}
+
+bool EditorPanel::Text1_KeyPress(int box, int key) {
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    // Enter in the last box (Level) does nothing.
+    if (box < 11)
+        Text1[static_cast<std::size_t>(box + 1)]->setFocus();
+    return true;
+}
+
+void EditorPanel::Text1_LostFocus(int box) {
+    if (Check1->isChecked())
+        ApplyEditorToRecord(box);
+}
+
+bool EditorPanel::eventFilter(QObject *watched, QEvent *event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
+        // Opening a drop-down list or a context menu, or switching windows, leaves no box.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
+            return false;
+    }
+    for (int box = 0; box < 12; ++box) {
+        if (watched != Text1[static_cast<std::size_t>(box)])
+            continue;
+        if (type == QEvent::FocusIn)
+            Text1_GotFocus(box);
+        else if (type == QEvent::FocusOut)
+            Text1_LostFocus(box);
+        else if (type == QEvent::KeyPress)
+            return Text1_KeyPress(box, static_cast<QKeyEvent *>(event)->key());
+        return false;
+    }
+    if (type == QEvent::FocusOut && watched == Combo1)
+        Combo1_LostFocus();
+    else if (type == QEvent::FocusOut && watched == Combo2)
+        Combo2_LostFocus();
+    return false;
+}

@@ -33,10 +33,30 @@ public:
 
     // Fills the boxes from the selected sample; stores nothing.
     void ShowRecordInEditor();
+    // Stores box 0..11 into the selected sample and its row; other numbers do nothing.
+    void ApplyEditorToRecord(int box);
+    void Command3_Click(); // "Edit": every box, the planet, the quality and the origin
+    void Command4_Click(); // "New": appends a sample and selects it
+    void Check1_Click();   // leave-box editing on or off
+    void Combo1_LostFocus();
+    void Combo2_LostFocus();
+    void Option1_Click();
+    void Text1_GotFocus(int box);
+    // True when the key was used (Enter in boxes 0..10 moves to the next box).
+    bool Text1_KeyPress(int box, int key);
+    void Text1_LostFocus(int box);
     void SetFolded(bool folded);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void BuildControls();
+    void StorePlanet();
+    void StoreQuality();
+    void StoreOrigin();
+    void WriteCell(int column, const QString &text);
+    void ShowChoice(QComboBox *combo, int position);
 
     AppState &state_;
     DnaListPanel &list_;

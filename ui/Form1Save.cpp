@@ -1,3 +1,92 @@
 #include "Form1.h"
 
-void Form1::SaveDnaFile(int) {}
+#include "DnaFile.h"
+#include "DnaListPanel.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+// The toolbar's save variants; "Save As" (0) writes what "Save" writes.
+constexpr int kSaveWithData = 1;
+constexpr int kSaveAsShown = 2;
+constexpr int kSave = 10;
+
+// Writes the whole text or nothing: the old file is replaced only once the new one is
+// complete. When the file cannot be created or written, the user is told the path and
+// the reason, and the old file stays as it was.
+bool WriteWholeFile(QWidget *parent, const QString &path, const std::string &text) {
+    QSaveFile file(path);
+    // Unbuffered, so that a short write shows here and not in a flush that commit() would
+    // let pass; a short write is retried, and the retry tells the reason.
+    const auto size = static_cast<qint64>(text.size());
+    qint64 written = 0;
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        while (written < size) {
+            const qint64 n = file.write(text.data() + written, size - written);
+            if (n <= 0)
+                break;
+            written += n;
+        }
+    }
+    if (file.isOpen() && written == size && file.commit())
+        return true;
+    QMessageBox failed(QMessageBox::Warning, QStringLiteral("Save DNA"),
+                       QStringLiteral("Could not save %1:\n%2").arg(path, file.errorString()), QMessageBox::Ok, parent);
+    failed.exec();
+    return false;
+}
+
+bool Confirmed(QWidget *parent, const QString &path) {
+    QMessageBox ask(QMessageBox::Question, QStringLiteral("Save DNA"), QStringLiteral("Save to %1?").arg(path),
+                    QMessageBox::Yes | QMessageBox::No, parent);
+    return ask.exec() == QMessageBox::Yes;
+}
+
+} // namespace
+
+void Form1::SaveDnaFile(int mode) {
+    const bool usesLastFile = mode == kSave && !state_.LastDnaFile.isEmpty();
+    if (!usesLastFile) {
+        QFileDialog dialog(this, QStringLiteral("Save DNA"), ProgramFolder(), QStringLiteral("Textfile (*.txt)"));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        // The program asks its own question before writing.
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return;
+        const QString chosen = dialog.selectedFiles().constFirst();
+        if (chosen.isEmpty())
+            return;
+        state_.LastDnaFile = chosen;
+        if (!Confirmed(this, chosen))
+            return;
+    }
+
+    std::vector<int> savedSlots;
+    if (mode == kSaveAsShown) {
+        // The list's order as shown: each row names its sample by its "#" text.
+        const int rows = std::min<int>(state_.Library.Count, list_->RowCount());
+        for (int row = 1; row <= rows; ++row)
+            savedSlots.push_back(list_->RowSlot(row));
+    } else {
+        for (int slot = 1; slot <= state_.Library.Count; ++slot)
+            savedSlots.push_back(slot);
+    }
+    const std::string text = quorvel::FormatDnaFile(state_.Library, savedSlots, mode == kSaveWithData);
+    const QString path = state_.LastDnaFile;
+    if (!WriteWholeFile(this, path, text))
+        return;
+
+    if (usesLastFile) {
+        QMessageBox saved(QMessageBox::NoIcon, QStringLiteral("Saved"),
+                          QStringLiteral("Your file has been saved as %1").arg(path), QMessageBox::Ok, this);
+        saved.exec();
+    }
+    ShowFileCaption();
+}
