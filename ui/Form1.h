@@ -5,6 +5,9 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <array>
+#include <optional>
+
 class DnaListPanel;
 class EditorPanel;
 class Form2;
@@ -69,4 +72,6 @@ private:
     QPointer<Form3> form3_;
     QPointer<Form4> form4_;
     QPointer<Form5> form5_;
+    // The window's place and size as the settings file gave them (left, top, width, height, twips).
+    std::array<std::optional<double>, 4> placementTwips_{};
 };

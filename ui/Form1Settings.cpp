@@ -1,5 +1,109 @@
 #include "Form1.h"
 
-void Form1::ReadSettingsFile() {}
-void Form1::WriteSettingsFile() {}
-void Form1::ShowOptions() {}
+#include "DnaListPanel.h"
+#include "EditorPanel.h"
+#include "Form3.h"
+#include "Twips.h"
+#include "UiText.h"
+#include "WindowUtil.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QPushButton>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace quorvel;
+
+namespace {
+
+// A settings file is a few hundred bytes; anything beyond this is not read.
+constexpr qint64 kMostSettingsBytes = 1 << 20;
+// Lengths from a hand-edited file are kept on the screen's scale before they reach a widget.
+constexpr double kFarTwips = 150000.0;
+
+QString SettingsPath(const QString &folder) {
+    return folder + QStringLiteral("/quorvel.cfg");
+}
+
+// The pixels a length or position of the file is shown with.
+int ShownPx(double twips) {
+    return TwipsToPx(static_cast<int>(std::floor(std::clamp(twips, -kFarTwips, kFarTwips))));
+}
+
+// The window's normal place and size without its frame; also what a minimized or
+// maximized window returns to.
+std::array<int, 4> PlacementPx(const QWidget &window) {
+    QRect normal = window.normalGeometry();
+    if (normal.isEmpty())
+        normal = window.geometry();
+    return {normal.x(), normal.y(), normal.width(), normal.height()};
+}
+
+} // namespace
+
+void Form1::ReadSettingsFile() {
+    QFile file(SettingsPath(ProgramFolder()));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray bytes = file.read(kMostSettingsBytes);
+    const SettingsFileData data = ReadSettingsText(std::string_view(bytes.constData(), bytes.size()));
+
+    state_.Settings = data.settings;
+    // The points column of the experimentation window has twelve boxes.
+    state_.Settings.ExpPoints = std::clamp(state_.Settings.ExpPoints, 0, 12);
+    if (state_.Settings[LFocus]) {
+        editor_->Check1->setChecked(true);
+        editor_->Command3->setEnabled(false);
+    }
+    if (state_.Settings[Load])
+        state_.LastDnaFile = ToQt(data.lastDnaFile);
+    for (int c = 0; c < kListColumns; ++c) {
+        if (const auto &width = data.columnWidths[static_cast<std::size_t>(c)])
+            list_->SetColumnWidthTwips(c, std::clamp(*width, 0.0, kFarTwips));
+    }
+
+    placementTwips_ = data.placement;
+    std::array<int, 4> px = PlacementPx(*this);
+    for (std::size_t i = 0; i < px.size(); ++i) {
+        if (placementTwips_[i])
+            px[i] = ShownPx(*placementTwips_[i]);
+    }
+    if (std::any_of(placementTwips_.begin(), placementTwips_.end(), [](const auto &v) { return v.has_value(); }))
+        setGeometry(px[0], px[1], px[2], px[3]);
+}
+
+void Form1::WriteSettingsFile() {
+    state_.Settings.ExpPoints = ClampExpPoints(state_.Settings.ExpPoints);
+    SettingsFileData data;
+    data.settings = state_.Settings;
+    data.lastDnaFile = FromQt(state_.LastDnaFile);
+    for (int c = 0; c < kListColumns; ++c)
+        data.columnWidths[static_cast<std::size_t>(c)] = list_->ColumnWidthTwips(c);
+    // A place or size that has not moved since it was read is written as it was read.
+    const std::array<int, 4> px = PlacementPx(*this);
+    for (std::size_t i = 0; i < px.size(); ++i) {
+        const auto &read = placementTwips_[i];
+        data.placement[i] = read && ShownPx(*read) == px[i] ? *read : PxToTwips(px[i]);
+    }
+
+    // A file that cannot be written is skipped without a message; the old one stays whole.
+    const std::string text = WriteSettingsText(data);
+    QSaveFile file(SettingsPath(ProgramFolder()));
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    if (file.write(text.data(), static_cast<qint64>(text.size())) != static_cast<qint64>(text.size())) {
+        file.cancelWriting();
+        return;
+    }
+    file.commit();
+}
+
+void Form1::ShowOptions() {
+    // A closed window waits hidden for its deletion; opening again makes a new one.
+    if (!form3_ || !form3_->isVisible())
+        form3_ = new Form3(*this);
+    ShowOrFocusWindow(form3_);
+}

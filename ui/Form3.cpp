@@ -1,10 +1,133 @@
 #include "Form3.h"
 
 #include "Form1.h"
+#include "Numeric.h"
+#include "Twips.h"
+#include "UiText.h"
+#include "Widgets.h"
 
-Form3::Form3(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main)
-{
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int kInnerWidth = 4800;
+constexpr int kInnerHeight = 4575;
+constexpr int kRowHeight = 255;
+constexpr int kBoxLeft = 120;
+constexpr int kBoxWidth = 4320;
+
+// Places and captions of the check boxes inside the panel, in twips: the six switches one
+// below the other, the three equations side by side.
+struct BoxPlace {
+    const char *caption;
+    int left;
+    int top;
+    int width;
+};
+
+constexpr std::array<BoxPlace, 9> kBoxes{
+    {{"Minimize when I open the Exp./Add DNA window", kBoxLeft, 120, kBoxWidth},
+     {"Use Always on top as default", kBoxLeft, 420, kBoxWidth},
+     {"LostFocus edit function on by default", kBoxLeft, 720, kBoxWidth},
+     {"Load last used DNA file when I start the Quorvel", kBoxLeft, 1110, kBoxWidth},
+     {"Remember column width", kBoxLeft, 1410, kBoxWidth},
+     {"Remember window size and position", kBoxLeft, 1710, kBoxWidth},
+     {"Old", kBoxLeft, 2580, 1320},
+     {"New 1", 1560, 2580, 1320},
+     {"New 2", 3000, 2580, 1320}}};
+
+void MakeLine(QWidget *parent, const QString &name, int top) {
+    auto *line = new QFrame(parent);
+    line->setObjectName(name);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    PlaceTwips(line, kBoxLeft, top, kBoxWidth, 30);
+}
+
+} // namespace
+
+Form3::Form3(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
     setObjectName(QStringLiteral("Form3"));
     setWindowTitle(QStringLiteral("Options"));
     setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
+    setAutoFillBackground(true);
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, QColor(163, 148, 118));
+    setPalette(palette);
+    QFont compact = font();
+    compact.setPointSizeF(8.0);
+    setFont(compact);
+
+    BuildControls();
+    Form_Load();
+}
+
+void Form3::BuildControls() {
+    QFrame *picture1 = MakePanel(this, QStringLiteral("Picture1"), QColor(191, 186, 164));
+    PlaceTwips(picture1, 120, 120, 4560, 3360);
+
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+        const BoxPlace &place = kBoxes[i];
+        Check1[i] = new QCheckBox(QString::fromLatin1(place.caption), picture1);
+        Check1[i]->setObjectName(QStringLiteral("Check1_%1").arg(i));
+        PlaceTwips(Check1[i], place.left, place.top, place.width, kRowHeight);
+    }
+    MakeLine(picture1, QStringLiteral("Line1"), 1035);
+    MakeLine(picture1, QStringLiteral("Line2"), 2025);
+    MakeLine(picture1, QStringLiteral("Line3"), 2895);
+
+    QLabel *label1 =
+        MakeLabel(picture1, QStringLiteral("Label1"),
+                  QStringLiteral("Halvik has made 3 different equations for CL prediction. Which one(s) do "
+                                 "you want the tool to display?"),
+                  kBoxLeft, 2100, kBoxWidth, 450);
+    label1->setWordWrap(true);
+
+    MakeLabel(picture1, QStringLiteral("Label2"), QStringLiteral("Exp points:"), kBoxLeft, 2985, 1080, kRowHeight);
+    HScroll1 = new QScrollBar(Qt::Horizontal, picture1);
+    HScroll1->setObjectName(QStringLiteral("HScroll1"));
+    HScroll1->setRange(1, 12);
+    // Steps: one point a click on an arrow, three a click beside the thumb.
+    HScroll1->setSingleStep(1);
+    HScroll1->setPageStep(3);
+    PlaceTwips(HScroll1, 1260, 2985, 2520, kRowHeight);
+    Label3 = MakeLabel(picture1, QStringLiteral("Label3"), QStringLiteral("1"), 3900, 2985, 480, kRowHeight);
+    connect(HScroll1, &QScrollBar::valueChanged, this, &Form3::HScroll1_Change);
+
+    Command4 = new QPushButton(QStringLiteral("Save"), this);
+    Command4->setObjectName(QStringLiteral("Command4"));
+    PlaceTwips(Command4, 1800, 3840, 1335, 435);
+    connect(Command4, &QPushButton::clicked, this, &Form3::Command4_Click);
+    Command1 = new QPushButton(QStringLiteral("Cancel"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    PlaceTwips(Command1, 3345, 3840, 1335, 435);
+    connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+}
+
+// The boxes show the options as they are; the points are brought into 1..12 at once, so
+// they stay there also when the window is cancelled.
+void Form3::Form_Load() {
+    quorvel::Settings &settings = main_.State().Settings;
+    for (std::size_t i = 0; i < Check1.size(); ++i)
+        Check1[i]->setChecked(settings.Options[i]);
+    settings.ExpPoints = quorvel::ClampExpPoints(settings.ExpPoints);
+    HScroll1->setValue(settings.ExpPoints);
+    HScroll1_Change(HScroll1->value());
+}
+
+void Form3::HScroll1_Change(int value) {
+    Label3->setText(ShownNumber(quorvel::FormatWhole(value)));
+}
+
+void Form3::Command4_Click() {
+    quorvel::Settings &settings = main_.State().Settings;
+    for (std::size_t i = 0; i < Check1.size(); ++i)
+        settings.Options[i] = Check1[i]->isChecked();
+    settings.ExpPoints = HScroll1->value();
+    close();
 }

@@ -2,14 +2,31 @@
 
 #include <QWidget>
 
-class Form1;
+#include <array>
 
-// The Options window.
+class Form1;
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QScrollBar;
+
+// The Options window: the nine options and the experimentation points.
 class Form3 : public QWidget {
     Q_OBJECT
 public:
     explicit Form3(Form1 &main, QWidget *parent = nullptr);
 
+    std::array<QCheckBox *, 9> Check1{};
+    QScrollBar *HScroll1 = nullptr;
+    QLabel *Label3 = nullptr;
+    QPushButton *Command4 = nullptr; // "Save"
+    QPushButton *Command1 = nullptr; // "Cancel"
+
 private:
+    void BuildControls();
+    void Form_Load();
+    void HScroll1_Change(int value);
+    void Command4_Click();
+
     Form1 &main_;
 };
