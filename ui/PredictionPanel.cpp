@@ -6,12 +6,16 @@
 #include "UiText.h"
 #include "Widgets.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QFrame>
 #include <QPushButton>
+#include <QScrollBar>
 
-PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(central), state_(state)
-{
+#include <algorithm>
+
+PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(central), state_(state) {
     Picture3 = MakePanel(central, QStringLiteral("Picture3"), QColor(191, 186, 164));
     Picture3->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture3, 120, 6960, 3975, 2415);
@@ -20,8 +24,8 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Label4->setObjectName(QStringLiteral("Label4"));
     PlaceTwips(Label4, 0, 0, 135, 135);
 
-    Label3 = MakeLabel(Picture3, QStringLiteral("Label3"), QStringLiteral("Drop your DNA Template here to predict a pet"),
-                       180, 45, 3660, 420);
+    Label3 = MakeLabel(Picture3, QStringLiteral("Label3"),
+                       QStringLiteral("Drop your DNA Template here to predict a pet"), 180, 45, 3660, 420);
     Label3->setAlignment(Qt::AlignCenter);
     Label3->setWordWrap(true);
     Label3->setFrameShape(QFrame::Panel);
@@ -36,6 +40,8 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Combo3->setEditable(true);
     for (int i = 0; i < quorvel::kSkinCount; ++i)
         Combo3->addItem(ToQt(quorvel::SkinItemText(i)));
+    // Typed text never becomes an item: the item index is the skin's row.
+    Combo3->setInsertPolicy(QComboBox::NoInsert);
     Combo3->setCurrentIndex(0);
     Combo3->setEditText(QStringLiteral("Choose Skin"));
     PlaceTwips(Combo3, 150, 2115, 1860, 285);
@@ -48,20 +54,54 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Command8 = new QPushButton(QStringLiteral("E"), Picture3);
     Command8->setObjectName(QStringLiteral("Command8"));
     PlaceTwips(Command8, 3480, 2115, 420, 285);
+
+    connect(new DropFilter(Label3), &DropFilter::dropped, this, &PredictionPanel::Label3_DragDrop);
+    // A click on an item, the box losing the focus and a scroll of its list all apply the skin.
+    connect(Combo3, &QComboBox::activated, this, &PredictionPanel::ApplySkinLevel);
+    Combo3->installEventFilter(this);
+    connect(Combo3->view()->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { ApplySkinLevel(ChosenSkin()); });
 }
 
-void PredictionPanel::ClearStats()
-{
+bool PredictionPanel::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == Combo3 && event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason)
+        ApplySkinLevel(ChosenSkin());
+    return QObject::eventFilter(watched, event);
+}
+
+int PredictionPanel::ChosenSkin() const {
+    // The box starts on its first item but reads "Choose Skin"; a text that is not the
+    // current item's means no skin was chosen, and then nothing happens.
+    const int index = Combo3->currentIndex();
+    return index >= 0 && Combo3->currentText() == Combo3->itemText(index) ? index : -1;
+}
+
+void PredictionPanel::ApplySkinLevel(int index) {
+    if (const auto level = quorvel::ApplySkinLevel(index, state_.LastCreatureLevel))
+        Label23[quorvel::LevelLabel]->setText(ShownNumber(*level));
+}
+
+void PredictionPanel::PredictPetStats(const quorvel::ValueArray &values, quorvel::PredictionSource source) {
+    ShowPetPrediction(Label23, state_, values, source);
+}
+
+void PredictionPanel::Label3_DragDrop() {
+    const quorvel::AttributeArray &sample = state_.Library.Selected().Attributes;
+    quorvel::ValueArray values{};
+    std::copy(sample.begin(), sample.end(), values.begin());
+    PredictPetStats(values, quorvel::PredictionSource::Sample);
+}
+
+void PredictionPanel::ClearStats() {
     for (QLabel *label : Label23)
         label->setText(QStringLiteral("0"));
 }
 
-void PredictionPanel::SetFolded(bool folded)
-{
+void PredictionPanel::SetFolded(bool folded) {
     Picture3->resize(Picture3->width(), TwipsToPx(folded ? 135 : 2415));
 }
 
-void PredictionPanel::MoveTo(int leftTwips, int topTwips)
-{
+void PredictionPanel::MoveTo(int leftTwips, int topTwips) {
     Picture3->move(TwipsToPx(leftTwips), TwipsToPx(topTwips));
 }

@@ -1,12 +1,12 @@
 #include "StatLabels.h"
 
+#include "AppState.h"
 #include "UiText.h"
 
 #include <QLabel>
 
 StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const QString &critSaveCaption,
-                               const QString &healthCaptionName)
-{
+                               const QString &healthCaptionName) {
     // Label23 index, caption, column (0 left, 1 right, 2 the level row), row.
     struct Entry {
         int index;
@@ -31,21 +31,28 @@ StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const Q
         const bool right = e.column == 1;
         const int captionLeft = right ? layout.rightCaption : layout.leftCaption;
         const int valueLeft = right ? layout.rightValue : layout.leftValue;
-        const int valueWidth = e.column == 0 ? layout.rightCaption - layout.leftValue - 60
+        const int valueWidth = e.column == 0   ? layout.rightCaption - layout.leftValue - 60
                                : e.column == 1 ? 3900 - layout.rightValue
                                                : 3900 - layout.leftValue;
         MakeLabel(panel, e.index == 0 ? healthCaptionName : QString(), e.caption, captionLeft, top,
                   valueLeft - captionLeft, layout.rowPitch);
-        QLabel *value = MakeLabel(panel, QStringLiteral("Label23_%1").arg(e.index), QStringLiteral("0"), valueLeft,
-                                  top, valueWidth, layout.rowPitch);
+        QLabel *value = MakeLabel(panel, QStringLiteral("Label23_%1").arg(e.index), QStringLiteral("0"), valueLeft, top,
+                                  valueWidth, layout.rowPitch);
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
         labels[static_cast<std::size_t>(e.index)] = value;
     }
     return labels;
 }
 
-void ShowStatTexts(const StatLabelArray &labels, const quorvel::StatTexts &texts)
-{
+void ShowStatTexts(const StatLabelArray &labels, const quorvel::StatTexts &texts) {
     for (std::size_t i = 0; i < labels.size(); ++i)
         labels[i]->setText(ShownNumber(texts[i]));
+}
+
+void ShowPetPrediction(const StatLabelArray &labels, AppState &state, const quorvel::ValueArray &values,
+                       quorvel::PredictionSource source) {
+    const quorvel::PetPrediction prediction = quorvel::PredictPetStats(values, source, state.Equations());
+    ShowStatTexts(labels, prediction.labels);
+    if (prediction.level.anyRan)
+        state.LastCreatureLevel = prediction.level.lastCreatureLevel;
 }

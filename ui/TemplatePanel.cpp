@@ -8,30 +8,38 @@
 
 #include <QFrame>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace {
 
-constexpr std::array<const char *, 5> kCategoryTitles{"Physique:", "Prowess:", "Mental:", "Psychology:",
-                                                      "Aggressiveness:"};
-constexpr std::array<std::pair<int, int>, 5> kListPlaces{{{120, 960}, {2160, 960}, {120, 2400}, {2160, 2400}, {120, 3840}}};
-constexpr std::array<const char *, 11> kValueTitles{"Hardiness:",    "Fortitude:", "Dexterity:",  "Endurance:",
-                                                    "Intellect:",    "Cleverness:", "Dependability:", "Courage:",
-                                                    "Fierceness:",   "Power:",     "Quality:"};
+constexpr std::array<const char *, 5> kCategoryTitles{
+    "Physique:", "Prowess:", "Mental:", "Psychology:", "Aggressiveness:"};
+constexpr std::array<std::pair<int, int>, 5> kListPlaces{
+    {{120, 960}, {2160, 960}, {120, 2400}, {2160, 2400}, {120, 3840}}};
+constexpr std::array<const char *, 11> kValueTitles{
+    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
+    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Quality:"};
 constexpr int kListWidth = 1935;
 constexpr int kFoldedList = 225;
 constexpr int kUnfoldedList = 1200;
 
-QString Indexed(const char *name, int index)
-{
+QString Indexed(const char *name, int index) {
     return QStringLiteral("%1_%2").arg(QString::fromLatin1(name)).arg(index);
+}
+
+// Each box shows its five contribution labels left to right for pairs 0..4; box 0 holds
+// labels 0..4, box i the labels 5i+4 down to 5i.
+int ContributionIndex(int category, int pair) {
+    return category == 0 ? pair : 5 * category + 4 - pair;
 }
 
 } // namespace
 
 TemplatePanel::TemplatePanel(AppState &state, PredictionPanel &prediction, QWidget *central)
-    : QObject(central), state_(state), prediction_(prediction)
-{
+    : QObject(central), state_(state), prediction_(prediction) {
     for (int i = 0; i < 5; ++i)
         BuildCategory(central, i, kListPlaces[static_cast<std::size_t>(i)].first,
                       kListPlaces[static_cast<std::size_t>(i)].second);
@@ -55,10 +63,30 @@ TemplatePanel::TemplatePanel(AppState &state, PredictionPanel &prediction, QWidg
     // An unfolded list lies over the box below it.
     for (QListWidget *list : List1)
         list->raise();
+
+    for (int i = 0; i < 5; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        connect(new DropFilter(Picture1[at]), &DropFilter::dropped, this, [this, i] { PutDnaInTemplate(i); });
+        connect(new DropFilter(List1[at]), &DropFilter::dropped, this, [this, i] { PutDnaInTemplate(i); });
+        List1[at]->viewport()->installEventFilter(this);
+        connect(Command2[at], &QPushButton::clicked, this, [this, i] { ToggleExperiment(i); });
+    }
 }
 
-void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top)
-{
+bool TemplatePanel::eventFilter(QObject *watched, QEvent *event) {
+    // A double-click on a category list empties the category.
+    if (event->type() == QEvent::MouseButtonDblClick && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
+        for (int i = 0; i < 5; ++i) {
+            if (watched == List1[static_cast<std::size_t>(i)]->viewport()) {
+                ClearTemplate(i);
+                return true;
+            }
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top) {
     auto *title = new ClickLabel(QString::fromLatin1(kCategoryTitles[static_cast<std::size_t>(i)]), central);
     title->setObjectName(Indexed("Label2", i));
     PlaceTwips(title, left, top - 225, kListWidth, 210);
@@ -77,7 +105,8 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top)
     PlaceTwips(list, left, top, kListWidth, kFoldedList);
     List1[static_cast<std::size_t>(i)] = list;
 
-    Label28[static_cast<std::size_t>(i)] = MakeLabel(box, Indexed("Label28", i), QStringLiteral("Exp:"), 60, 45, 400, 240);
+    Label28[static_cast<std::size_t>(i)] =
+        MakeLabel(box, Indexed("Label28", i), QStringLiteral("Exp:"), 60, 45, 400, 240);
     Label42[static_cast<std::size_t>(i)] =
         MakeLabel(box, Indexed("Label42", i), QStringLiteral("0%/0%"), 480, 45, 1000, 240);
 
@@ -94,11 +123,10 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top)
     PlaceTwips(line, 60, 390, kListWidth - 120, 30);
     Line1[static_cast<std::size_t>(i)] = line;
 
-    // Each box shows its five contribution labels left to right for pairs 0..4; box 0 holds
-    // labels 0..4, box i the labels 5i+4 down to 5i. The box's own pair is drawn in white.
+    // The box's own pair is drawn in white.
     const int cell = kListWidth / 5;
     for (int pair = 0; pair < 5; ++pair) {
-        const int index = i == 0 ? pair : 5 * i + 4 - pair;
+        const int index = ContributionIndex(i, pair);
         QLabel *label = MakeLabel(box, Indexed("Label43", index), QStringLiteral("0"), pair * cell, 480, cell, 300);
         label->setAlignment(Qt::AlignCenter);
         SetTextColour(label, pair == i ? Qt::white : Qt::black);
@@ -106,8 +134,7 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top)
     }
 }
 
-void TemplatePanel::BuildValuesPanel(QWidget *central)
-{
+void TemplatePanel::BuildValuesPanel(QWidget *central) {
     Picture2 = MakePanel(central, QStringLiteral("Picture2"), QColor(191, 186, 164));
     Picture2->setFrameShape(QFrame::StyledPanel);
     Picture2->setFocusPolicy(Qt::StrongFocus);
@@ -124,8 +151,8 @@ void TemplatePanel::BuildValuesPanel(QWidget *central)
         const int row = right ? a - 6 + (a == 10 ? 1 : 0) : a;
         const int left = right ? 2010 : 150;
         const int top = 90 + row * 255;
-        MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]), left, top,
-                  1080, 255);
+        MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]), left, top, 1080,
+                  255);
         QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),
                                   left + 1080, top, right ? 870 : 780, a == 9 ? 510 : 255);
         value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -133,14 +160,23 @@ void TemplatePanel::BuildValuesPanel(QWidget *central)
     }
 }
 
-void TemplatePanel::ClearTemplate(int category)
-{
+void TemplatePanel::ClearTemplate(int category) {
     if (category >= 5)
         ClearWholeTemplate();
+    else if (category >= 0)
+        ClearCategory(category);
 }
 
-void TemplatePanel::ClearWholeTemplate()
-{
+void TemplatePanel::ClearCategory(int category) {
+    ResetExperimentButtons();
+    for (int pair = 0; pair < 5; ++pair)
+        ContributionLabel(category, pair)->setText(QStringLiteral("0"));
+    List1[static_cast<std::size_t>(category)]->clear();
+    quorvel::ClearCategory(state_.Template, category);
+    EvaluateTemplate();
+}
+
+void TemplatePanel::ClearWholeTemplate() {
     for (QLabel *label : Label43)
         label->setText(QStringLiteral("0"));
     for (int k = 0; k < 5; ++k) {
@@ -154,18 +190,77 @@ void TemplatePanel::ClearWholeTemplate()
     quorvel::ClearWholeTemplate(state_.Template);
 }
 
-void TemplatePanel::SetListFolded(int category, bool folded)
-{
+void TemplatePanel::SetListFolded(int category, bool folded) {
     QListWidget *list = List1[static_cast<std::size_t>(category)];
     list->resize(list->width(), TwipsToPx(folded ? kFoldedList : kUnfoldedList));
 }
 
-void TemplatePanel::SetValuesPanelFolded(bool folded)
-{
+void TemplatePanel::SetValuesPanelFolded(bool folded) {
     Picture2->resize(Picture2->width(), TwipsToPx(folded ? 135 : 1695));
 }
 
-void TemplatePanel::PutDnaInTemplate(int) {}
-void TemplatePanel::PutDnaInFirstFreeSlot() {}
-void TemplatePanel::ToggleExperiment(int) {}
-void TemplatePanel::EvaluateTemplate() {}
+QLabel *TemplatePanel::ContributionLabel(int category, int pair) const {
+    return Label43[static_cast<std::size_t>(ContributionIndex(category, pair))];
+}
+
+void TemplatePanel::ResetExperimentButtons() {
+    for (QPushButton *toggle : Command2)
+        toggle->setText(QStringLiteral("+"));
+    SetExperimentButtonsEnabled(false);
+}
+
+void TemplatePanel::SetExperimentButtonsEnabled(bool enabled) {
+    for (QPushButton *toggle : Command2)
+        toggle->setEnabled(enabled);
+    Command6->setEnabled(enabled);
+    Command7->setEnabled(enabled);
+}
+
+bool TemplatePanel::TemplateComplete() const {
+    return std::all_of(List1.begin(), List1.end(), [](const QListWidget *list) {
+        const QListWidgetItem *line = list->currentItem();
+        return line && line->isSelected() && !line->text().isEmpty();
+    });
+}
+
+void TemplatePanel::PutDnaInTemplate(int category) {
+    if (category < 0 || category >= 5)
+        return;
+    QListWidget *list = List1[static_cast<std::size_t>(category)];
+    list->clear();
+    ResetExperimentButtons();
+    const quorvel::CategoryView view = quorvel::PutDnaInTemplate(state_.Template, category, state_.Library.Selected());
+    for (int pair = 0; pair < 5; ++pair)
+        ContributionLabel(category, pair)->setText(ToQt(view.contributions[static_cast<std::size_t>(pair)]));
+    for (const std::string &line : view.lines)
+        list->addItem(ToQt(line));
+    list->setCurrentRow(view.selectedLine);
+    list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
+    EvaluateTemplate();
+}
+
+void TemplatePanel::PutDnaInFirstFreeSlot() {
+    const int category = quorvel::FirstFreeCategory(state_.Template);
+    if (category >= 0)
+        PutDnaInTemplate(category);
+}
+
+void TemplatePanel::ToggleExperiment(int category) {
+    if (category < 0 || category >= 5)
+        return;
+    quorvel::ToggleExperiment(state_.Template, category);
+    Command2[static_cast<std::size_t>(category)]->setText(
+        state_.Template.Experimented[static_cast<std::size_t>(category)] ? QStringLiteral("-") : QStringLiteral("+"));
+    EvaluateTemplate();
+}
+
+void TemplatePanel::EvaluateTemplate() {
+    const quorvel::TemplateEvaluation shown = quorvel::EvaluateTemplate(state_.Template);
+    for (std::size_t i = 0; i < Label42.size(); ++i)
+        Label42[i]->setText(ShownNumber(shown.label42[i]));
+    for (std::size_t a = 0; a < shown.label14.size(); ++a)
+        Label14[a]->setText(ShownNumber(shown.label14[a]));
+    Label14[10]->setText(ToQt(shown.qualityText));
+    SetExperimentButtonsEnabled(TemplateComplete());
+    prediction_.PredictPetStats(state_.Template.Current, quorvel::PredictionSource::Template);
+}

@@ -4,7 +4,7 @@
 
 #include <array>
 
-class AppState;
+struct AppState;
 class PredictionPanel;
 class ClickLabel;
 class QFrame;
@@ -33,7 +33,7 @@ public:
     QPushButton *Command7 = nullptr; // "Simulate Exp. Session"
 
     QFrame *Picture2 = nullptr;
-    ClickLabel *Label1 = nullptr; // folds Picture2
+    ClickLabel *Label1 = nullptr;       // folds Picture2
     std::array<QLabel *, 11> Label14{}; // 0..9 values, 10 quality
 
     // Copies the selected sample into a category, redraws its box and evaluates.
@@ -52,11 +52,22 @@ public:
     void SetListFolded(int category, bool folded);
     void SetValuesPanelFolded(bool folded);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void BuildCategory(QWidget *central, int i, int left, int top);
     void BuildValuesPanel(QWidget *central);
 
+    void ClearCategory(int category);
     void ClearWholeTemplate();
+    // Every category back to "+" and the seven experiment buttons off until the next evaluation.
+    void ResetExperimentButtons();
+    void SetExperimentButtonsEnabled(bool enabled);
+    // True when every category list has a selected line with text.
+    bool TemplateComplete() const;
+    // The contribution label of `pair` in box `category`.
+    QLabel *ContributionLabel(int category, int pair) const;
 
     AppState &state_;
     PredictionPanel &prediction_;
