@@ -82,14 +82,14 @@ void EditorPanel::BuildControls() {
     for (int i = 0; i < 12; ++i) {
         const int column = i < 5 ? 0 : i < 10 ? 1 : 2;
         const int row = i < 10 ? i % 5 : i - 10;
-        const int titleLeft = column == 0 ? 180 : column == 1 ? 1980 : 3780;
-        const int titleWidth = column == 2 ? 600 : 1080;
+        const int titleLeft = column == 0 ? 150 : column == 1 ? 1920 : 3990;
+        const int titleWidth = column == 0 ? 1000 : column == 1 ? 1290 : 570;
         MakeLabel(Picture4, QString(), QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]), titleLeft,
                   RowTop(row), titleWidth, kBoxHeight);
         auto *box = new QLineEdit(i == 10 ? QString() : QStringLiteral("0"), Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
         box->setAccessibleName(QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]).chopped(1));
-        PlaceTwips(box, titleLeft + titleWidth, RowTop(row), i == 10 ? 1740 : 690, kBoxHeight);
+        PlaceTwips(box, titleLeft + titleWidth, RowTop(row), i == 10 ? 1650 : 690, kBoxHeight);
         Text1[static_cast<std::size_t>(i)] = box;
     }
 
@@ -104,7 +104,7 @@ void EditorPanel::BuildControls() {
     Combo2->setCurrentIndex(-1);
     Combo2->setEditText(QStringLiteral("Any"));
     Combo2->setAccessibleName(QStringLiteral("Planet"));
-    PlaceTwips(Combo2, 3780, RowTop(2), 1260, kBoxHeight + 30);
+    PlaceTwips(Combo2, 3990, RowTop(2), 1200, kBoxHeight + 30);
 
     Combo1 = new QComboBox(Picture4);
     Combo1->setObjectName(QStringLiteral("Combo1"));
@@ -115,27 +115,27 @@ void EditorPanel::BuildControls() {
     Combo1->setCurrentIndex(-1);
     Combo1->setEditText(QStringLiteral("Any"));
     Combo1->setAccessibleName(QStringLiteral("Quality"));
-    PlaceTwips(Combo1, 5100, RowTop(2), 1020, kBoxHeight + 30);
+    PlaceTwips(Combo1, 5250, RowTop(2), 960, kBoxHeight + 30);
 
     Option1[0] = new QRadioButton(QStringLiteral("Wild"), Picture4);
     Option1[0]->setObjectName(QStringLiteral("Option1_0"));
     Option1[0]->setChecked(true);
-    PlaceTwips(Option1[0], 3780, RowTop(3) + 30, 900, kBoxHeight);
+    PlaceTwips(Option1[0], 3990, RowTop(3) + 30, 900, kBoxHeight);
     Option1[1] = new QRadioButton(QStringLiteral("Mission"), Picture4);
     Option1[1]->setObjectName(QStringLiteral("Option1_1"));
-    PlaceTwips(Option1[1], 4740, RowTop(3) + 30, 1100, kBoxHeight);
+    PlaceTwips(Option1[1], 4900, RowTop(3) + 30, 1100, kBoxHeight);
 
     Check1 = new QCheckBox(QStringLiteral("LFocus"), Picture4);
     Check1->setObjectName(QStringLiteral("Check1"));
-    PlaceTwips(Check1, 6600, RowTop(1), 1200, kBoxHeight);
+    PlaceTwips(Check1, 6510, RowTop(1), 1200, kBoxHeight);
 
     Command3 = new QPushButton(QStringLiteral("Edit"), Picture4);
     Command3->setObjectName(QStringLiteral("Command3"));
-    PlaceTwips(Command3, 6600, RowTop(2), 1200, kBoxHeight + 30);
+    PlaceTwips(Command3, 6510, RowTop(2), 1200, kBoxHeight + 30);
 
     Command4 = new QPushButton(QStringLiteral("New"), Picture4);
     Command4->setObjectName(QStringLiteral("Command4"));
-    PlaceTwips(Command4, 6600, RowTop(3) + 45, 1200, kBoxHeight + 30);
+    PlaceTwips(Command4, 6510, RowTop(3) + 45, 1200, kBoxHeight + 30);
 
     // Keyboard order: Edit, New, the switch, "Mission", the twelve boxes, planet, quality, "Wild".
     QList<QWidget *> order{Command3, Command4, Check1, Option1[1]};
