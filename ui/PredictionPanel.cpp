@@ -31,9 +31,17 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Label3->setFrameShape(QFrame::Panel);
     Label3->setFrameShadow(QFrame::Sunken);
 
-    Label23 = BuildStatLabels(Picture3, {540, 225, 150, 1110, 2010, 3010}, QStringLiteral("Critical save:"),
+    Label23 = BuildStatLabels(Picture3, {540, 225, 150, 1080, 2070, 3090}, QStringLiteral("Critical save:"),
                               QStringLiteral("Label14_11"));
     HealthCaption = Picture3->findChild<QLabel *>(QStringLiteral("Label14_11"));
+    // The statistics are a point smaller than the window's font, so that "State Resist:" and
+    // "3000 [2697]" fit beside "Aggro bonus:" and its value.
+    QFont small = Picture3->font();
+    small.setPointSizeF(7.0);
+    for (QLabel *label : Picture3->findChildren<QLabel *>(Qt::FindDirectChildrenOnly)) {
+        if (label != Label3 && label != Label4)
+            label->setFont(small);
+    }
 
     Combo3 = new QComboBox(Picture3);
     Combo3->setObjectName(QStringLiteral("Combo3"));

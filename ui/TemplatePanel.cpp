@@ -144,17 +144,26 @@ void TemplatePanel::BuildValuesPanel(QWidget *central) {
     Label1->setObjectName(QStringLiteral("Label1"));
     PlaceTwips(Label1, 0, 0, 135, 135);
 
-    // Two columns: Hardiness..Cleverness on the left, Dependability..Quality on the right,
-    // with Power two lines high.
+    // Two columns of caption and value, a point smaller than the window's font so that
+    // "Dependability:" and "1150 [1000]" fit side by side: Hardiness..Cleverness on the left,
+    // Dependability..Power on the right with Power two lines high, and the quality in a row
+    // of its own below, wide enough for "CL prediction won't be correct".
+    QFont small = Picture2->font();
+    small.setPointSizeF(7.0);
+    Picture2->setFont(small);
+    constexpr int pitch = 225;
     for (int a = 0; a < 11; ++a) {
-        const bool right = a >= 6;
-        const int row = right ? a - 6 + (a == 10 ? 1 : 0) : a;
-        const int left = right ? 2010 : 150;
-        const int top = 90 + row * 255;
-        MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]), left, top, 1080,
-                  255);
+        const bool right = a >= 6 && a < 10;
+        const int row = right ? a - 6 : a == 10 ? 6 : a;
+        const int captionLeft = right ? 1950 : 150;
+        const int valueLeft = right ? 2985 : 990;
+        const int top = 60 + row * pitch;
+        const int width = (right || a == 10 ? 3930 : 1905) - valueLeft;
+        QLabel *caption = MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]),
+                                    captionLeft, top, valueLeft - captionLeft, pitch);
+        caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),
-                                  left + 1080, top, right ? 870 : 780, a == 9 ? 510 : 255);
+                                  valueLeft, top, width, a == 9 ? 2 * pitch : pitch);
         value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         Label14[static_cast<std::size_t>(a)] = value;
     }
