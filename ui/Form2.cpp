@@ -27,9 +27,6 @@ constexpr std::array<const char *, 11> kStatTitles{
 constexpr int kNarrowWidth = 3450;
 constexpr int kWideWidth = 5730;
 constexpr int kInnerHeight = 4800;
-// Picture1 fills the part of the wide window's inner area that the narrow one leaves out.
-constexpr int kNarrowInnerWidth = 3360;
-constexpr int kWideInnerWidth = 5640;
 constexpr int kInputsWidth = 3120; // Picture4; Label1 stands right of it
 constexpr int kPanelHeight = 4200;
 constexpr int kRowTop = 60;
@@ -139,7 +136,8 @@ void Form2::BuildInputs() {
 void Form2::BuildStatsPanel() {
     Picture1 = new QFrame(this);
     Picture1->setObjectName(QStringLiteral("Picture1"));
-    PlaceTwips(Picture1, kNarrowInnerWidth, 0, kWideInnerWidth - kNarrowInnerWidth, kPanelHeight);
+    // The panel fills the part of the wide window that the narrow one leaves out.
+    PlaceTwips(Picture1, kNarrowWidth, 0, kWideWidth - kNarrowWidth, kPanelHeight);
     for (int i = 0; i < 11; ++i) {
         const int height = i == 10 ? 3 * kRowHeight + 90 : kRowHeight;
         MakeLabel(Picture1, QString(), QString::fromLatin1(kStatTitles[static_cast<std::size_t>(i)]), 60, RowTop(i),

@@ -265,13 +265,17 @@ private slots:
         Leave(form2);
         QCOMPARE(Stat(form2, 0), QStringLiteral("116"));
 
+        // The narrow window shows none of the statistics panel, the wide one all of it.
         auto *label1 = Find<QLabel>(form2, QStringLiteral("Label1"));
+        auto *panel = Find<QWidget>(form2, QStringLiteral("Picture1"));
         ClickWidget(label1);
         QVERIFY(!form->State().LiveEvaluation);
         QCOMPARE(form2->width(), 230);
+        QVERIFY(!form2->rect().intersects(panel->geometry()));
         ClickWidget(label1);
         QVERIFY(form->State().LiveEvaluation);
         QCOMPARE(form2->width(), 382);
+        QVERIFY(form2->rect().contains(panel->geometry()));
         QCOMPARE(label1->text(), QStringLiteral(">>"));
     }
 
