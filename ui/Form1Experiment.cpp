@@ -20,7 +20,7 @@ void Form1::ClearExperiment() {
 
 void Form1::SimulateExpSession() {
     ClearExperiment();
-    if (!form5_)
+    if (!form5_ || !form5_->isVisible())
         form5_ = new Form5(*this);
     form5_->Command3->setEnabled(true);
     ShowOrFocusWindow(form5_);
@@ -32,7 +32,7 @@ void Form1::ExperimentOnSample() {
     t.Caps.fill(1000);
     const quorvel::AttributeArray &sample = state_.Library.Selected().Attributes;
     std::copy(sample.begin(), sample.end(), t.Current.begin());
-    if (!form5_)
+    if (!form5_ || !form5_->isVisible())
         form5_ = new Form5(*this);
     form5_->Command3->setEnabled(false);
     ShowOrFocusWindow(form5_);

@@ -277,6 +277,28 @@ private slots:
         QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("12"));
     }
 
+    void newSessionRightAfterDoneOpensAFreshWindow() {
+        auto form = MakeForm1();
+        LoadSamples(form.get());
+        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 2);
+        form->State().Settings.ExpPoints = 3;
+        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
+        QWidget *window = ExpWindow();
+        QVERIFY(window);
+        ClickWidget(Box(window, 0, 9));
+        QVERIFY(Button(window, QStringLiteral("Command2"))->isEnabled());
+
+        // "E" again before the closed window has been destroyed.
+        ClickWidget(Button(window, QStringLiteral("Command1")));
+        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        window = ExpWindow();
+        QVERIFY(window);
+        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
+        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("3"));
+        QCOMPARE(RowColours(window, 0), QStringLiteral("YYYYWWWWWW"));
+    }
+
     void lastPointCannotBeGivenBack() {
         auto form = MakeForm1();
         LoadSamples(form.get());
