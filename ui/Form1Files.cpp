@@ -24,7 +24,8 @@ void Form1::LoadDnaFile(bool replace, bool useLastFile)
     if (!useLastFile) {
         QFileDialog dialog(this, QStringLiteral("Load DNA"), ProgramFolder(), kDnaFilter);
         dialog.setAcceptMode(QFileDialog::AcceptOpen);
-        dialog.setFileMode(QFileDialog::ExistingFile);
+        // Any name is taken; one that cannot be opened ends the load below without a word.
+        dialog.setFileMode(QFileDialog::AnyFile);
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
             return;
         state_.LastDnaFile = dialog.selectedFiles().constFirst();

@@ -129,6 +129,32 @@ private slots:
         QCOMPARE(form->State().Library.Count, 1);
     }
 
+    void aFileThatCannotBeOpenedChangesNothingButThePath() {
+        auto form = MakeForm1();
+        AnswerFileDialog(WriteDnaFile(QStringLiteral("kept.txt"), kSamples));
+        ToolbarAction(form.get(), QStringLiteral("Load"))->trigger();
+        const QString title = form->windowTitle();
+
+        // The open dialog takes a name that does not exist; the open then fails quietly.
+        const QString missing = TempFolder() + QStringLiteral("/missing.txt");
+        AnswerFileDialog(missing);
+        bool dialogLingered = false;
+        QTimer::singleShot(2000, [&dialogLingered] {
+            for (QWidget *w : QApplication::topLevelWidgets()) {
+                if (w->isVisible() && w->objectName() != QLatin1String("Form1")) {
+                    dialogLingered = true;
+                    w->close();
+                }
+            }
+        });
+        ToolbarAction(form.get(), QStringLiteral("Load DNA"))->trigger();
+        QVERIFY(!dialogLingered);
+        QCOMPARE(RowCount(List(form.get())), 4);
+        QCOMPARE(form->State().Library.Count, 4);
+        QCOMPARE(form->windowTitle(), title);
+        QCOMPARE(form->State().LastDnaFile, missing);
+    }
+
     void headerClicksSortAsTextAndNoSortRebuilds() {
         auto form = MakeForm1();
         AnswerFileDialog(WriteDnaFile(QStringLiteral("sort.txt"), kSamples));
