@@ -32,6 +32,15 @@ constexpr int kVersionMinor = 55;
 constexpr int kStartWidth = 14595;
 constexpr int kStartHeight = 9750;
 
+// The platform's keys for a standard command; where it has none (Save As under plain X11 and
+// Windows, Quit under Windows) the keys most programs use instead.
+QList<QKeySequence> StandardKeys(QKeySequence::StandardKey command, const QKeySequence &usual) {
+    QList<QKeySequence> keys = QKeySequence::keyBindings(command);
+    if (keys.isEmpty())
+        keys.append(usual);
+    return keys;
+}
+
 } // namespace
 
 // The icons are compiled into this library; a static library needs its resources named once.
@@ -141,6 +150,8 @@ void Form1::BuildToolbar()
     QAction *save = addButton(QStringLiteral("Save"), QStringLiteral("save"));
     addMenu(save, {QStringLiteral("Save As"), QStringLiteral("Save With Data"), QStringLiteral("WYSIWYG")}, {});
     save->setShortcut(QKeySequence::Save);
+    QAction *saveAs = save->menu()->actions().constFirst();
+    saveAs->setShortcuts(StandardKeys(QKeySequence::SaveAs, QKeySequence(QStringLiteral("Ctrl+Shift+S"))));
     addButton(QStringLiteral("Clear"), QStringLiteral("clear"));
     addButton(QStringLiteral("Filter"), QStringLiteral("filter"));
     addButton(QStringLiteral("Filter On"), QStringLiteral("filteron"))->setCheckable(true);
@@ -159,8 +170,9 @@ void Form1::BuildToolbar()
     // Shortcuts work from anywhere in the window, also while the toolbar has no focus.
     for (QAction *action : Toolbar1->actions())
         addAction(action);
+    addAction(saveAs);
     auto *quit = new QAction(this);
-    quit->setShortcut(QKeySequence::Quit);
+    quit->setShortcuts(StandardKeys(QKeySequence::Quit, QKeySequence(QStringLiteral("Ctrl+Q"))));
     connect(quit, &QAction::triggered, this, &QWidget::close);
     addAction(quit);
 }

@@ -8,9 +8,12 @@
 #include "WindowUtil.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <cmath>
@@ -24,8 +27,16 @@ constexpr qint64 kMostSettingsBytes = 1 << 20;
 // Lengths from a hand-edited file are kept on the screen's scale before they reach a widget.
 constexpr double kFarTwips = 150000.0;
 
+// The settings file lies in the program's folder. An installed program, whose folder the user
+// cannot write, keeps it in the user's configuration folder instead (~/.config/quorvel).
+QString SettingsFolder(const QString &programFolder) {
+    if (QFileInfo(programFolder).isWritable())
+        return programFolder;
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+}
+
 QString SettingsPath(const QString &folder) {
-    return folder + QStringLiteral("/quorvel.cfg");
+    return SettingsFolder(folder) + QStringLiteral("/quorvel.cfg");
 }
 
 // The pixels a length or position of the file is shown with.
@@ -91,7 +102,9 @@ void Form1::WriteSettingsFile() {
 
     // A file that cannot be written is skipped without a message; the old one stays whole.
     const std::string text = WriteSettingsText(data);
-    QSaveFile file(SettingsPath(ProgramFolder()));
+    const QString path = SettingsPath(ProgramFolder());
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return;
     if (file.write(text.data(), static_cast<qint64>(text.size())) != static_cast<qint64>(text.size())) {

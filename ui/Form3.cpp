@@ -91,6 +91,7 @@ void Form3::BuildControls() {
     MakeLabel(picture1, QStringLiteral("Label2"), QStringLiteral("Exp points:"), kBoxLeft, 2985, 1080, kRowHeight);
     HScroll1 = new QScrollBar(Qt::Horizontal, picture1);
     HScroll1->setObjectName(QStringLiteral("HScroll1"));
+    HScroll1->setAccessibleName(QStringLiteral("Exp points"));
     HScroll1->setRange(1, 12);
     // Steps: one point a click on an arrow, three a click beside the thumb.
     HScroll1->setSingleStep(1);

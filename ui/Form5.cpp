@@ -31,10 +31,28 @@ QColor ColourOf(quorvel::BoxColour colour) {
     return {255, 255, 255};
 }
 
-void PaintBox(QWidget *box, quorvel::BoxColour colour) {
+constexpr std::array<const char *, 5> kCategoryNames{"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
+
+// What a colour means: in a category row, or in the points column.
+QString ColourMeaning(quorvel::BoxColour colour, bool pointsColumn) {
+    switch (colour) {
+    case quorvel::BoxColour::Yellow:
+        return pointsColumn ? QStringLiteral("yellow, point remaining") : QStringLiteral("yellow, reached");
+    case quorvel::BoxColour::Green:
+        return pointsColumn ? QStringLiteral("green, not used") : QStringLiteral("green, point placed");
+    case quorvel::BoxColour::White:
+        break;
+    }
+    return pointsColumn ? QStringLiteral("white, point used") : QStringLiteral("white, room to grow");
+}
+
+// Fills a box with its colour and tells screen readers its place and state ("Physique box 3:
+// white, room to grow"); boxes are counted from 1, as a person counts them.
+void PaintBox(QWidget *box, quorvel::BoxColour colour, const QString &place, bool pointsColumn) {
     QPalette palette = box->palette();
     palette.setColor(QPalette::Window, ColourOf(colour));
     box->setPalette(palette);
+    box->setAccessibleName(place + QStringLiteral(": ") + ColourMeaning(colour, pointsColumn));
 }
 
 } // namespace
@@ -125,10 +143,11 @@ void Form5::ShowSession() {
     const quorvel::ExperimentSession &s = main_.State().Session;
     Label1->setText(QString::number(s.RemainingPoints));
     for (std::size_t b = 0; b < Picture4.size(); ++b)
-        PaintBox(Picture4[b], s.Points[b]);
+        PaintBox(Picture4[b], s.Points[b], QStringLiteral("Point box %1").arg(b + 1), true);
     for (std::size_t c = 0; c < Boxes.size(); ++c) {
         for (std::size_t b = 0; b < Boxes[c].size(); ++b) {
-            PaintBox(Boxes[c][b], s.Rows[c][b]);
+            const QString place = QStringLiteral("%1 box %2").arg(QLatin1String(kCategoryNames[c])).arg(b + 1);
+            PaintBox(Boxes[c][b], s.Rows[c][b], place, false);
             Boxes[c][b]->setHidden(!s.Visible[c][b]);
         }
         Label42[c]->setText(ToQt(s.CurrentPercentText[c]));

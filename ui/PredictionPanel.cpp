@@ -45,6 +45,7 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
 
     Combo3 = new QComboBox(Picture3);
     Combo3->setObjectName(QStringLiteral("Combo3"));
+    Combo3->setAccessibleName(QStringLiteral("Creature skin"));
     Combo3->setEditable(true);
     for (int i = 0; i < quorvel::kSkinCount; ++i)
         Combo3->addItem(ToQt(quorvel::SkinItemText(i)));
