@@ -8,3 +8,18 @@ jobs="$(nproc)"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=Release
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure -j"$jobs"
+
+# Installation into a temporary prefix: the command, the program beside its example files,
+# the launcher and the icon must all be in place.
+prefix="$(mktemp -d)"
+trap 'rm -rf "$prefix"' EXIT
+cmake --install build --prefix "$prefix"
+for path in bin/quorvel lib/quorvel/quorvel lib/quorvel/starter-samples.txt share/applications/quorvel.desktop \
+    share/icons/hicolor/scalable/apps/quorvel.svg; do
+    if [ ! -e "$prefix/$path" ]; then
+        echo "not installed: $path" >&2
+        exit 1
+    fi
+done
+[ -x "$prefix/bin/quorvel" ] || { echo "installed command is not executable" >&2; exit 1; }
+grep -q '^Exec=quorvel$' "$prefix/share/applications/quorvel.desktop"
