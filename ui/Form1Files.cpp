@@ -26,7 +26,10 @@ void Form1::LoadDnaFile(bool replace, bool useLastFile)
         dialog.setAcceptMode(QFileDialog::AcceptOpen);
         // Any name is taken; one that cannot be opened ends the load below without a word.
         dialog.setFileMode(QFileDialog::AnyFile);
-        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        const int answer = dialog.exec();
+        // The keyboard comes back to this window, also where no window manager hands it back.
+        activateWindow();
+        if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty())
             return;
         state_.LastDnaFile = dialog.selectedFiles().constFirst();
     }

@@ -40,13 +40,16 @@ bool WriteWholeFile(QWidget *parent, const QString &path, const std::string &tex
     QMessageBox failed(QMessageBox::Warning, QStringLiteral("Save DNA"),
                        QStringLiteral("Could not save %1:\n%2").arg(path, file.errorString()), QMessageBox::Ok, parent);
     failed.exec();
+    parent->activateWindow();
     return false;
 }
 
 bool Confirmed(QWidget *parent, const QString &path) {
     QMessageBox ask(QMessageBox::Question, QStringLiteral("Save DNA"), QStringLiteral("Save to %1?").arg(path),
                     QMessageBox::Yes | QMessageBox::No, parent);
-    return ask.exec() == QMessageBox::Yes;
+    const bool yes = ask.exec() == QMessageBox::Yes;
+    parent->activateWindow();
+    return yes;
 }
 
 } // namespace
@@ -58,7 +61,11 @@ void Form1::SaveDnaFile(int mode) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         // The program asks its own question before writing.
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
-        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        const int answer = dialog.exec();
+        // Each closed dialog gives the keyboard back to this window, also where no window
+        // manager hands it back.
+        activateWindow();
+        if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty())
             return;
         const QString chosen = dialog.selectedFiles().constFirst();
         if (chosen.isEmpty())
@@ -87,6 +94,7 @@ void Form1::SaveDnaFile(int mode) {
         QMessageBox saved(QMessageBox::NoIcon, QStringLiteral("Saved"),
                           QStringLiteral("Your file has been saved as %1").arg(path), QMessageBox::Ok, this);
         saved.exec();
+        activateWindow();
     }
     ShowFileCaption();
 }

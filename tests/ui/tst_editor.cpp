@@ -169,6 +169,22 @@ private slots:
         QCOMPARE(Record(form.get(), 1).Attributes[2], 300);
     }
 
+    void typingWorksRightAfterTheFileDialogCloses() {
+        auto form = MakeForm1();
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+        ClickWidget(Find<QCheckBox>(form.get(), QStringLiteral("Check1")));
+        // No help from the test: the main window takes the keyboard back from its dialog.
+        AnswerFileDialog(WriteDnaFile(QStringLiteral("after.txt"), kSamples));
+        ToolbarAction(form.get(), QStringLiteral("Load"))->trigger();
+        QTRY_COMPARE(QApplication::activeWindow(), form.get());
+        ClickRow(List(form.get()), 2);
+        Box(form.get(), 0)->setFocus();
+        QTest::keyClicks(Box(form.get(), 0), QStringLiteral("44"));
+        Box(form.get(), 1)->setFocus();
+        QCOMPARE(Record(form.get(), 2).Attributes[0], 44);
+        QCOMPARE(Cell(List(form.get()), 2, 2), QStringLiteral("   44"));
+    }
+
     void leavingBoxStoresBeforeAnotherRowIsPicked() {
         auto form = MakeForm1();
         QVERIFY(QTest::qWaitForWindowActive(form.get()));

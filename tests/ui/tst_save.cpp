@@ -97,6 +97,8 @@ private slots:
         QCOMPARE(seen[0].text, QStringLiteral("Your file has been saved as ") + path);
         QCOMPARE(ReadFileBytes(path), Lines(kSamples));
         QCOMPARE(form->windowTitle(), Caption(path));
+        // The message closed, the main window has the keyboard again.
+        QTRY_COMPARE(QApplication::activeWindow(), form.get());
     }
 
     void saveWithoutFileAsksFirstAndRefusalKeepsThePath() {
