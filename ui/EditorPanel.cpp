@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "DnaListPanel.h"
+#include "EntryBox.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
 #include "ReferenceTables.h"
@@ -37,15 +38,6 @@ int RowTop(int row) {
     return kRowTop + row * kRowPitch;
 }
 
-// The entry a drop-down box stands for: its current entry while the text is that entry's,
-// otherwise the entry whose text was typed exactly; -1 when the text names no entry.
-int ChosenPosition(const QComboBox *combo) {
-    const int current = combo->currentIndex();
-    if (current >= 0 && combo->itemText(current) == combo->currentText())
-        return current;
-    return combo->findText(combo->currentText(), Qt::MatchExactly);
-}
-
 QString NameText(const std::optional<std::string> &name) {
     return ToQt(name.value_or(std::string()));
 }
@@ -54,7 +46,7 @@ QString NameText(const std::optional<std::string> &name) {
 
 EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
     : QObject(central), state_(state), list_(list) {
-    Picture4 = MakePanel(central, QStringLiteral("Picture4"), QColor(191, 186, 164));
+    Picture4 = MakePanel(central, QStringLiteral("Picture4"), kPanelColour);
     Picture4->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture4, 4200, 7920, 8055, 1455);
 
@@ -93,28 +85,13 @@ void EditorPanel::BuildControls() {
         Text1[static_cast<std::size_t>(i)] = box;
     }
 
-    Combo2 = new QComboBox(Picture4);
-    Combo2->setObjectName(QStringLiteral("Combo2"));
-    Combo2->setEditable(true);
-    Combo2->setInsertPolicy(QComboBox::NoInsert);
-    Combo2->addItems({QStringLiteral("Any"), QStringLiteral("Corellia"), QStringLiteral("Dantooine"),
-                      QStringLiteral("Dathomir"), QStringLiteral("Endor"), QStringLiteral("Kashyyyk"),
-                      QStringLiteral("Lok"), QStringLiteral("Naboo"), QStringLiteral("Rori"), QStringLiteral("Talus"),
-                      QStringLiteral("Tatooine"), QStringLiteral("Yavin 4")});
-    Combo2->setCurrentIndex(-1);
-    Combo2->setEditText(QStringLiteral("Any"));
-    Combo2->setAccessibleName(QStringLiteral("Planet"));
+    Combo2 = MakeEntryBox(Picture4, QStringLiteral("Combo2"), PlanetEntries(), QStringLiteral("Planet"));
     PlaceTwips(Combo2, 3990, RowTop(2), 1200, kBoxHeight + 30);
 
-    Combo1 = new QComboBox(Picture4);
-    Combo1->setObjectName(QStringLiteral("Combo1"));
-    Combo1->setEditable(true);
-    Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->addItems({QStringLiteral("Poor"), QStringLiteral("BAQ"), QStringLiteral("AQ"), QStringLiteral("AAQ"),
-                      QStringLiteral("HQ"), QStringLiteral("VHQ"), QStringLiteral("?")});
-    Combo1->setCurrentIndex(-1);
-    Combo1->setEditText(QStringLiteral("Any"));
-    Combo1->setAccessibleName(QStringLiteral("Quality"));
+    Combo1 = MakeEntryBox(Picture4, QStringLiteral("Combo1"),
+                          {QStringLiteral("Poor"), QStringLiteral("BAQ"), QStringLiteral("AQ"), QStringLiteral("AAQ"),
+                           QStringLiteral("HQ"), QStringLiteral("VHQ"), QStringLiteral("?")},
+                          QStringLiteral("Quality"));
     PlaceTwips(Combo1, 5250, RowTop(2), 960, kBoxHeight + 30);
 
     Option1[0] = new QRadioButton(QStringLiteral("Wild"), Picture4);
@@ -193,13 +170,13 @@ void EditorPanel::ApplyEditorToRecord(int box) {
 
 void EditorPanel::StorePlanet() {
     DnaRecord &record = state_.Library.Selected();
-    record.Planet = static_cast<int16_t>(std::max(ChosenPosition(Combo2), 0));
+    record.Planet = static_cast<int16_t>(std::max(ChosenEntry(Combo2), 0));
     WriteCell(13, NameText(PlanetName(record.Planet)));
 }
 
 void EditorPanel::StoreQuality() {
     DnaRecord &record = state_.Library.Selected();
-    record.Quality = static_cast<float>(std::max(ChosenPosition(Combo1), 0));
+    record.Quality = static_cast<float>(std::max(ChosenEntry(Combo1), 0));
     WriteCell(15, NameText(QualityName(record.Quality)));
 }
 

@@ -14,6 +14,7 @@
 #include "Widgets.h"
 
 #include <QActionGroup>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QListWidget>
@@ -55,9 +56,7 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent)
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Quorvel v%1.%2").arg(kVersionMajor).arg(kVersionMinor));
     setWindowIcon(QIcon(QStringLiteral(":/icons/quorvel.svg")));
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, QColor(163, 148, 118));
-    setPalette(palette);
+    FillBackground(this, kWindowColour);
 
     central_ = new QWidget(this);
     central_->setObjectName(QStringLiteral("central"));
@@ -278,6 +277,23 @@ void Form1::ExitApp()
         if (window)
             window->close();
     }
+}
+
+void Form1::ApplySecondaryWindowOptions(QWidget *window, QCheckBox *alwaysOnTop) {
+    if (state_.Settings[quorvel::Min])
+        showMinimized();
+    if (state_.Settings[quorvel::OnTop]) {
+        alwaysOnTop->setChecked(true);
+        SetTopMost(window, true);
+    }
+}
+
+void Form1::SecondaryWindowClosed() {
+    list_->ListView1->setFocus();
+    // Normal again whatever the state was; a main window that is itself closing is not shown again.
+    setWindowState(Qt::WindowNoState);
+    if (isVisible())
+        activateWindow();
 }
 
 void Form1::ShowAbout()

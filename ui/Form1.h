@@ -16,6 +16,7 @@ class Form4;
 class Form5;
 class PredictionPanel;
 class QAction;
+class QCheckBox;
 class QStatusBar;
 class QToolBar;
 class TemplatePanel;
@@ -32,6 +33,12 @@ public:
     TemplatePanel &Template() { return *template_; }
     PredictionPanel &Prediction() { return *prediction_; }
     EditorPanel &Editor() { return *editor_; }
+
+    // The options the Add DNA and experimentation windows follow as they open: the main
+    // window minimised, the window always on top (its check box set).
+    void ApplySecondaryWindowOptions(QWidget *window, QCheckBox *alwaysOnTop);
+    // A secondary window closed: the DNA list gets the focus and the main window its normal state.
+    void SecondaryWindowClosed();
 
     // "Quorvel v0.55 [path]" once a file was loaded or saved.
     void ShowFileCaption();

@@ -2,6 +2,7 @@
 
 #include "DnaListPanel.h"
 #include "DnaListView.h"
+#include "EntryBox.h"
 #include "Form1.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -58,12 +59,7 @@ void TypedBox::focusOutEvent(QFocusEvent *event) {
 }
 
 Form2::Form2(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
-    setObjectName(QStringLiteral("Form2"));
-    setWindowTitle(QStringLiteral("Add DNA"));
-    setAttribute(Qt::WA_DeleteOnClose);
-    QFont compact = font();
-    compact.setPointSizeF(8.0);
-    setFont(compact);
+    SetUpSecondaryWindow(this, QStringLiteral("Form2"), QStringLiteral("Add DNA"));
     setFixedSize(TwipsToPx(kNarrowWidth), TwipsToPx(kInnerHeight));
 
     BuildInputs();
@@ -91,32 +87,16 @@ void Form2::BuildInputs() {
         connect(box, &QLineEdit::returnPressed, this, [this, i] { Text1_KeyPress(i); });
     }
 
-    Combo1 = new QComboBox(Picture4);
-    Combo1->setObjectName(QStringLiteral("Combo1"));
-    Combo1->setEditable(true);
-    Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->addItems({QStringLiteral("VHQ"), QStringLiteral("HQ"), QStringLiteral("AAQ"), QStringLiteral("AQ"),
-                      QStringLiteral("BAQ"), QStringLiteral("LQ"), QStringLiteral("VLQ"), QStringLiteral("?")});
-    Combo1->setAccessibleName(QStringLiteral("Quality"));
+    Combo1 = MakeEntryBox(Picture4, QStringLiteral("Combo1"),
+                          {QStringLiteral("VHQ"), QStringLiteral("HQ"), QStringLiteral("AAQ"), QStringLiteral("AQ"),
+                           QStringLiteral("BAQ"), QStringLiteral("LQ"), QStringLiteral("VLQ"), QStringLiteral("?")},
+                          QStringLiteral("Quality"));
     PlaceTwips(Combo1, kBoxLeft + kBoxWidth + 60, RowTop(11) - 15, 960, kRowHeight + 30);
 
     MakeLabel(Picture4, QString(), QStringLiteral("Planet:"), kTitleLeft, RowTop(12), kBoxLeft - kTitleLeft,
               kRowHeight);
-    Combo2 = new QComboBox(Picture4);
-    Combo2->setObjectName(QStringLiteral("Combo2"));
-    Combo2->setEditable(true);
-    Combo2->setInsertPolicy(QComboBox::NoInsert);
-    Combo2->addItems({QStringLiteral("Any"), QStringLiteral("Corellia"), QStringLiteral("Dantooine"),
-                      QStringLiteral("Dathomir"), QStringLiteral("Endor"), QStringLiteral("Kashyyyk"),
-                      QStringLiteral("Lok"), QStringLiteral("Naboo"), QStringLiteral("Rori"), QStringLiteral("Talus"),
-                      QStringLiteral("Tatooine"), QStringLiteral("Yavin 4")});
-    Combo2->setAccessibleName(QStringLiteral("Planet"));
+    Combo2 = MakeEntryBox(Picture4, QStringLiteral("Combo2"), PlanetEntries(), QStringLiteral("Planet"));
     PlaceTwips(Combo2, kBoxLeft, RowTop(12) - 15, 2 * kBoxWidth, kRowHeight + 30);
-
-    for (QComboBox *combo : {Combo1, Combo2}) {
-        combo->setCurrentIndex(-1);
-        combo->setEditText(QStringLiteral("Any"));
-    }
 
     Option1[0] = new QRadioButton(QStringLiteral("Wild"), Picture4);
     Option1[0]->setObjectName(QStringLiteral("Option1_0"));
@@ -176,13 +156,7 @@ void Form2::SetTabOrder() {
 }
 
 void Form2::Form_Load() {
-    const quorvel::Settings &settings = main_.State().Settings;
-    if (settings[quorvel::Min])
-        main_.showMinimized();
-    if (settings[quorvel::OnTop]) {
-        Check1->setChecked(true);
-        SetTopMost(this, true);
-    }
+    main_.ApplySecondaryWindowOptions(this, Check1);
 }
 
 void Form2::closeEvent(QCloseEvent *event) {
@@ -193,11 +167,7 @@ void Form2::closeEvent(QCloseEvent *event) {
 
 void Form2::Form_Unload() {
     unloaded_ = true;
-    if (!main_.isVisible())
-        return;
-    main_.showNormal();
-    main_.activateWindow();
-    main_.List().ListView1->setFocus();
+    main_.SecondaryWindowClosed();
 }
 
 void Form2::Check1_Click() {

@@ -1,6 +1,7 @@
 #include "Form2.h"
 
 #include "DnaListPanel.h"
+#include "EntryBox.h"
 #include "Form1.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
@@ -20,12 +21,6 @@ namespace {
 // index: VHQ Very High, HQ High, AAQ Above Average, AQ Average, BAQ Below Average, LQ and
 // VLQ Poor, "?" Unknown.
 constexpr std::array<int, 8> kQualityOfEntry{5, 4, 3, 2, 1, 0, 0, 6};
-
-// The entry whose text the box shows (typed text counts when it matches an entry, in any
-// case); -1 for none.
-int ChosenEntry(const QComboBox *box) {
-    return box->findText(box->currentText(), Qt::MatchFixedString);
-}
 
 std::optional<int16_t> ReadBox(const QLineEdit *box) {
     return ToInt16(ReadNumber(FromQt(box->text())));

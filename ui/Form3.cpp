@@ -51,24 +51,15 @@ void MakeLine(QWidget *parent, const QString &name, int top) {
 } // namespace
 
 Form3::Form3(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
-    setObjectName(QStringLiteral("Form3"));
-    setWindowTitle(QStringLiteral("Options"));
-    setAttribute(Qt::WA_DeleteOnClose);
+    SetUpSecondaryWindow(this, QStringLiteral("Form3"), QStringLiteral("Options"));
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
-    setAutoFillBackground(true);
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, QColor(163, 148, 118));
-    setPalette(palette);
-    QFont compact = font();
-    compact.setPointSizeF(8.0);
-    setFont(compact);
 
     BuildControls();
     Form_Load();
 }
 
 void Form3::BuildControls() {
-    QFrame *picture1 = MakePanel(this, QStringLiteral("Picture1"), QColor(191, 186, 164));
+    QFrame *picture1 = MakePanel(this, QStringLiteral("Picture1"), kPanelColour);
     PlaceTwips(picture1, 120, 120, 4560, 3360);
 
     for (std::size_t i = 0; i < kBoxes.size(); ++i) {

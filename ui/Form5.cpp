@@ -58,17 +58,8 @@ void PaintBox(QWidget *box, quorvel::BoxColour colour, const QString &place, boo
 } // namespace
 
 Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
-    setObjectName(QStringLiteral("Form5"));
-    setWindowTitle(QStringLiteral("ExpSim"));
-    setAttribute(Qt::WA_DeleteOnClose);
+    SetUpSecondaryWindow(this, QStringLiteral("Form5"), QStringLiteral("ExpSim"));
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
-    setAutoFillBackground(true);
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, QColor(163, 148, 118));
-    setPalette(palette);
-    QFont compact = font();
-    compact.setPointSizeF(8.0);
-    setFont(compact);
 
     BuildValuesPanel();
     BuildStatsPanel();
@@ -86,21 +77,11 @@ Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(
 
 void Form5::OpenExperimentWindow() {
     AppState &state = main_.State();
-    ApplyOpeningOptions();
+    main_.ApplySecondaryWindowOptions(this, Check1);
     // A points value from a hand-edited settings file is held to the twelve boxes there are.
     quorvel::OpenExperiment(state.Session, state.Template, state.Settings.ExpPoints);
     ShowSession();
     PredictPet();
-}
-
-void Form5::ApplyOpeningOptions() {
-    const quorvel::Settings &settings = main_.State().Settings;
-    if (settings[quorvel::Min])
-        main_.showMinimized();
-    if (settings[quorvel::OnTop]) {
-        Check1->setChecked(true);
-        SetTopMost(this, true);
-    }
 }
 
 void Form5::PlaceBox(int category, int box) {
@@ -118,7 +99,7 @@ void Form5::Command2_Click() {
 void Form5::Command3_Click() {
     AppState &state = main_.State();
     quorvel::ResetSession(state.Session, state.Template, state.Settings.ExpPoints);
-    ApplyOpeningOptions();
+    main_.ApplySecondaryWindowOptions(this, Check1);
     ShowSession();
     PredictPet();
 }
@@ -133,10 +114,7 @@ void Form5::closeEvent(QCloseEvent *event) {
 }
 
 void Form5::CloseExperimentWindow() {
-    main_.List().ListView1->setFocus();
-    // Normal again whatever the main window's state was; a main window that is itself closing
-    // is not shown again.
-    main_.setWindowState(Qt::WindowNoState);
+    main_.SecondaryWindowClosed();
 }
 
 void Form5::ShowSession() {

@@ -52,7 +52,6 @@ private:
     void BuildButtons();
 
     void OpenExperimentWindow();
-    void ApplyOpeningOptions();
     void PlaceBox(int category, int box);
     void Command2_Click();
     void Command3_Click();

@@ -10,7 +10,6 @@
 
 namespace {
 
-const QColor kPanelColour(191, 186, 164);
 
 constexpr std::array<const char *, 10> kValueTitles{
     "Hardiness:",  "Fortitude:",     "Dexterity:", "Endurance:",  "Intellect:",

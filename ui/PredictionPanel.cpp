@@ -16,7 +16,7 @@
 #include <algorithm>
 
 PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(central), state_(state) {
-    Picture3 = MakePanel(central, QStringLiteral("Picture3"), QColor(191, 186, 164));
+    Picture3 = MakePanel(central, QStringLiteral("Picture3"), kPanelColour);
     Picture3->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture3, 120, 6960, 3975, 2415);
 

@@ -135,7 +135,7 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top) {
 }
 
 void TemplatePanel::BuildValuesPanel(QWidget *central) {
-    Picture2 = MakePanel(central, QStringLiteral("Picture2"), QColor(191, 186, 164));
+    Picture2 = MakePanel(central, QStringLiteral("Picture2"), kPanelColour);
     Picture2->setFrameShape(QFrame::StyledPanel);
     Picture2->setFocusPolicy(Qt::StrongFocus);
     PlaceTwips(Picture2, 120, 5160, 3975, 1695);

@@ -53,14 +53,30 @@ bool DropFilter::eventFilter(QObject *, QEvent *event)
     }
 }
 
+void FillBackground(QWidget *widget, const QColor &colour)
+{
+    widget->setAutoFillBackground(true);
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, colour);
+    widget->setPalette(palette);
+}
+
+void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title)
+{
+    window->setObjectName(name);
+    window->setWindowTitle(title);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    FillBackground(window, kWindowColour);
+    QFont compact = window->font();
+    compact.setPointSizeF(8.0);
+    window->setFont(compact);
+}
+
 QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour)
 {
     auto *panel = new QFrame(parent);
     panel->setObjectName(name);
-    panel->setAutoFillBackground(true);
-    QPalette palette = panel->palette();
-    palette.setColor(QPalette::Window, colour);
-    panel->setPalette(palette);
+    FillBackground(panel, colour);
     return panel;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QLabel>
 #include <QObject>
 
@@ -34,6 +35,17 @@ signals:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 };
+
+// Colours of the windows and of the panels inside them.
+inline const QColor kWindowColour(163, 148, 118);
+inline const QColor kPanelColour(191, 186, 164);
+
+// Fills a widget's background with one colour.
+void FillBackground(QWidget *widget, const QColor &colour);
+
+// The common start of the secondary windows: a top-level window deleted when closed, with
+// its objectName, caption, the window colour and the compact font of the fixed layouts.
+void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title);
 
 // A panel filled with one colour.
 class QFrame;
