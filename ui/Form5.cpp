@@ -138,9 +138,5 @@ void Form5::ShowSession() {
 
 void Form5::PredictPet() {
     AppState &state = main_.State();
-    const quorvel::PetPrediction pet =
-        quorvel::PredictPetStats(state.Template.Current, quorvel::PredictionSource::Template, state.Equations());
-    ShowStatTexts(Label23, pet.labels);
-    if (pet.level.anyRan)
-        state.LastCreatureLevel = pet.level.lastCreatureLevel;
+    ShowPetPrediction(Label23, state, state.Template.Current, quorvel::PredictionSource::Template);
 }
