@@ -10,12 +10,17 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QToolBar>
+
+#include <array>
 
 namespace testsupport {
 
@@ -183,6 +188,36 @@ int RowCount(QAbstractItemView *view)
     return view->model()->rowCount();
 }
 
+void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName)
+{
+    AnswerFileDialog(WriteDnaFile(fileName, lines));
+    ToolbarAction(form, QStringLiteral("Load"))->trigger();
+}
+
+void SendToCategory(Form1 *form, int row, int category)
+{
+    static const std::array<const char *, 5> entries{"m_phys", "m_prow", "m_ment", "m_psych", "m_aggro"};
+    ClickRow(form->findChild<QAbstractItemView *>(QStringLiteral("ListView1")), row, Qt::RightButton);
+    auto *menu = form->findChild<QMenu *>(QStringLiteral("m_test"));
+    if (!menu || !QTest::qWaitFor([menu] { return menu->isVisible(); }))
+        return;
+    menu->findChild<QAction *>(QString::fromLatin1(entries[static_cast<std::size_t>(category)]))->trigger();
+    menu->hide();
+}
+
+QString TextOf(QWidget *window, const QString &name)
+{
+    QWidget *w = window->findChild<QWidget *>(name);
+    if (auto *label = qobject_cast<QLabel *>(w))
+        return label->text();
+    if (auto *button = qobject_cast<QAbstractButton *>(w))
+        return button->text();
+    if (auto *edit = qobject_cast<QLineEdit *>(w))
+        return edit->text();
+    qWarning("no text control %s", qPrintable(name));
+    return {};
+}
+
 QWidget *TopLevel(const QString &name)
 {
     for (QWidget *w : QApplication::topLevelWidgets()) {
@@ -199,6 +234,19 @@ void CloseAllWindows()
             w->close();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void WindowTest::init()
+{
+    QLocale::setDefault(QLocale::c());
+    RemoveSettingsFile();
+}
+
+void WindowTest::cleanup()
+{
+    CloseAllWindows();
+    RemoveSettingsFile();
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace testsupport

@@ -61,9 +61,25 @@ bool DropOn(QWidget *target);
 QString Cell(QAbstractItemView *view, int row, int column);
 int RowCount(QAbstractItemView *view);
 
+// Writes the lines to a DNA file and loads it through the toolbar's "Load" and its dialog.
+void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName = QStringLiteral("samples.txt"));
+// Right-clicks a DNA list row and triggers an entry of the "Send to" menu (category 0..4).
+void SendToCategory(Form1 *form, int row, int category);
+// The text of a label, button or line edit of a window found by objectName.
+QString TextOf(QWidget *window, const QString &name);
+
 // The first visible top-level widget with this objectName.
 QWidget *TopLevel(const QString &name);
 // Closes and deletes every top-level window the test left open.
 void CloseAllWindows();
+
+// A window test's common set-up: the C locale and no settings file before every test,
+// every secondary window closed after it. Test classes derive from it.
+class WindowTest : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+};
 
 } // namespace testsupport
