@@ -26,8 +26,7 @@ struct AppState {
     bool LiveEvaluation = false;
     quorvel::ExperimentSession Session;
 
-    quorvel::LevelEquations Equations() const
-    {
+    quorvel::LevelEquations Equations() const {
         return {Settings[quorvel::Old], Settings[quorvel::New1], Settings[quorvel::New2]};
     }
 };

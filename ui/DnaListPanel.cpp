@@ -23,26 +23,25 @@ struct ColumnInfo {
 };
 
 constexpr std::array<ColumnInfo, kListColumns> kColumns{{{"#", 0},
-                                                          {"ID", 1400},
-                                                          {"Hard", 600},
-                                                          {"Fort", 600},
-                                                          {"Dex", 600},
-                                                          {"Endu", 700},
-                                                          {"Int", 600},
-                                                          {"Clev", 600},
-                                                          {"Depend", 800},
-                                                          {"Cour", 600},
-                                                          {"Fierc", 600},
-                                                          {"Power", 700},
-                                                          {"Level", 700},
-                                                          {"Planet", 1200},
-                                                          {"W/M", 1000},
-                                                          {"Quality", 1000}}};
+                                                         {"ID", 1400},
+                                                         {"Hard", 600},
+                                                         {"Fort", 600},
+                                                         {"Dex", 600},
+                                                         {"Endu", 700},
+                                                         {"Int", 600},
+                                                         {"Clev", 600},
+                                                         {"Depend", 800},
+                                                         {"Cour", 600},
+                                                         {"Fierc", 600},
+                                                         {"Power", 700},
+                                                         {"Level", 700},
+                                                         {"Planet", 1200},
+                                                         {"W/M", 1000},
+                                                         {"Quality", 1000}}};
 
 } // namespace
 
-DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central), state_(state)
-{
+DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central), state_(state) {
     ViewLabel = MakeLabel(central, QStringLiteral("Label2_5"), QStringLiteral("DNA View:"), 4200, 750, 975, 255);
 
     ListView1 = new DnaListView(central);
@@ -85,8 +84,7 @@ DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central)
     });
 }
 
-void DnaListPanel::CreateColumns()
-{
+void DnaListPanel::CreateColumns() {
     QStringList headers;
     for (const auto &column : kColumns)
         headers << QString::fromLatin1(column.header);
@@ -104,8 +102,7 @@ void DnaListPanel::CreateColumns()
     }
 }
 
-void DnaListPanel::BuildPetTree()
-{
+void DnaListPanel::BuildPetTree() {
     auto *root = new QTreeWidgetItem(TreeView1, {QStringLiteral("Receipe:")});
     root->setData(0, Qt::UserRole, QStringLiteral("rec"));
     for (int n = 1; n <= 9; ++n) {
@@ -115,8 +112,7 @@ void DnaListPanel::BuildPetTree()
     root->setExpanded(true);
 }
 
-void DnaListPanel::BuildMenu()
-{
+void DnaListPanel::BuildMenu() {
     m_test = new QMenu(QStringLiteral("Test"), ListView1);
     m_test->setObjectName(QStringLiteral("m_test"));
     const std::array<std::pair<const char *, const char *>, 5> entries{{{"m_phys", "Send to Physique"},
@@ -133,36 +129,30 @@ void DnaListPanel::BuildMenu()
     }
 }
 
-double DnaListPanel::ColumnWidthTwips(int column) const
-{
+double DnaListPanel::ColumnWidthTwips(int column) const {
     return widthsTwips_[static_cast<std::size_t>(column)];
 }
 
-void DnaListPanel::SetColumnWidthTwips(int column, double twips)
-{
+void DnaListPanel::SetColumnWidthTwips(int column, double twips) {
     widthsTwips_[static_cast<std::size_t>(column)] = twips;
     ListView1->header()->resizeSection(column, TwipsToPx(static_cast<int>(std::floor(twips))));
 }
 
-int DnaListPanel::RowCount() const
-{
+int DnaListPanel::RowCount() const {
     return ListView1->topLevelItemCount();
 }
 
-QString DnaListPanel::RowText(int row, int column) const
-{
+QString DnaListPanel::RowText(int row, int column) const {
     const QTreeWidgetItem *item = ListView1->topLevelItem(row - 1);
     return item ? item->text(column) : QString();
 }
 
-int DnaListPanel::RowSlot(int row) const
-{
+int DnaListPanel::RowSlot(int row) const {
     const auto slot = ToInt16(ReadNumber(FromQt(RowText(row, 0))));
     return slot ? *slot : 0;
 }
 
-int DnaListPanel::AddDnaRow(int slot)
-{
+int DnaListPanel::AddDnaRow(int slot) {
     auto *item = new DnaListItem(QStringList{QString::number(slot)});
     for (int c = 1; c < kListColumns; ++c)
         item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
@@ -171,14 +161,12 @@ int DnaListPanel::AddDnaRow(int slot)
     return ListView1->indexOfTopLevelItem(item) + 1;
 }
 
-void DnaListPanel::SetDnaCell(int row, int column, const QString &text)
-{
+void DnaListPanel::SetDnaCell(int row, int column, const QString &text) {
     if (QTreeWidgetItem *item = ListView1->topLevelItem(row - 1))
         item->setText(column, text);
 }
 
-void DnaListPanel::SetRowCells(int row, const RowCells &cells)
-{
+void DnaListPanel::SetRowCells(int row, const RowCells &cells) {
     QTreeWidgetItem *item = ListView1->topLevelItem(row - 1);
     if (!item)
         return;
@@ -186,26 +174,22 @@ void DnaListPanel::SetRowCells(int row, const RowCells &cells)
         item->setText(c, ToQt(cells[static_cast<std::size_t>(c)]));
 }
 
-void DnaListPanel::ClearDnaRows()
-{
+void DnaListPanel::ClearDnaRows() {
     ListView1->clear();
 }
 
-void DnaListPanel::SetListSorting(bool on)
-{
+void DnaListPanel::SetListSorting(bool on) {
     sortingOn_ = on;
     ListView1->header()->setSortIndicatorShown(on);
     ResortIfOn();
 }
 
-void DnaListPanel::ResortIfOn()
-{
+void DnaListPanel::ResortIfOn() {
     if (sortingOn_)
         ListView1->sortItems(state_.SortColumn, sortOrder_);
 }
 
-void DnaListPanel::RebuildDnaList()
-{
+void DnaListPanel::RebuildDnaList() {
     SetListSorting(false);
     ListView1->setUpdatesEnabled(false);
     ClearDnaRows();
@@ -226,8 +210,7 @@ void DnaListPanel::RebuildDnaList()
     state_.Library.SelectedRow = state_.Library.SelectedRecord;
 }
 
-void DnaListPanel::SortDnaList(int column)
-{
+void DnaListPanel::SortDnaList(int column) {
     state_.SortColumn = column;
     sortOrder_ = sortOrder_ == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
     ListView1->header()->setSortIndicator(column, sortOrder_);
@@ -236,8 +219,7 @@ void DnaListPanel::SortDnaList(int column)
     UpdateSelectedRow();
 }
 
-void DnaListPanel::UpdateSelectedRow()
-{
+void DnaListPanel::UpdateSelectedRow() {
     for (int row = 1; row <= RowCount(); ++row) {
         if (RowSlot(row) == state_.Library.SelectedRecord) {
             state_.Library.SelectedRow = static_cast<int16_t>(row);
@@ -246,8 +228,7 @@ void DnaListPanel::UpdateSelectedRow()
     }
 }
 
-void DnaListPanel::SelectFromList()
-{
+void DnaListPanel::SelectFromList() {
     const QList<QTreeWidgetItem *> selected = ListView1->selectedItems();
     if (selected.isEmpty())
         return;
@@ -256,15 +237,13 @@ void DnaListPanel::SelectFromList()
     state_.Library.SelectedRow = static_cast<int16_t>(row);
 }
 
-void DnaListPanel::ShowDnaView()
-{
+void DnaListPanel::ShowDnaView() {
     ListView1->show();
     TreeView1->hide();
     ViewLabel->setText(QStringLiteral("DNA View"));
 }
 
-void DnaListPanel::ShowPetView()
-{
+void DnaListPanel::ShowPetView() {
     TreeView1->show();
     ListView1->hide();
     ViewLabel->setText(QStringLiteral("Pet View"));

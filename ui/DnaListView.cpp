@@ -2,8 +2,7 @@
 
 #include <QMouseEvent>
 
-DnaListView::DnaListView(QWidget *parent) : QTreeWidget(parent)
-{
+DnaListView::DnaListView(QWidget *parent) : QTreeWidget(parent) {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -14,33 +13,28 @@ DnaListView::DnaListView(QWidget *parent) : QTreeWidget(parent)
     setDragDropMode(QAbstractItemView::DragOnly);
 }
 
-void DnaListView::mousePressEvent(QMouseEvent *event)
-{
+void DnaListView::mousePressEvent(QMouseEvent *event) {
     QTreeWidget::mousePressEvent(event);
     emit buttonPressed(event->button(), event->globalPosition().toPoint());
 }
 
-void DnaListView::mouseReleaseEvent(QMouseEvent *event)
-{
+void DnaListView::mouseReleaseEvent(QMouseEvent *event) {
     QTreeWidget::mouseReleaseEvent(event);
     emit buttonReleased();
 }
 
-void DnaListView::mouseDoubleClickEvent(QMouseEvent *event)
-{
+void DnaListView::mouseDoubleClickEvent(QMouseEvent *event) {
     QTreeWidget::mouseDoubleClickEvent(event);
     if (topLevelItemCount() > 0)
         emit rowDoubleClicked();
 }
 
-void DnaListView::startDrag(Qt::DropActions supportedActions)
-{
+void DnaListView::startDrag(Qt::DropActions supportedActions) {
     emit dragStarting();
     QTreeWidget::startDrag(supportedActions);
 }
 
-bool DnaListItem::operator<(const QTreeWidgetItem &other) const
-{
+bool DnaListItem::operator<(const QTreeWidgetItem &other) const {
     const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
     return text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
 }

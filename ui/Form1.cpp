@@ -10,8 +10,8 @@
 #include "PredictionPanel.h"
 #include "TemplatePanel.h"
 #include "Twips.h"
-#include "WindowUtil.h"
 #include "Widgets.h"
+#include "WindowUtil.h"
 
 #include <QActionGroup>
 #include <QCheckBox>
@@ -45,13 +45,11 @@ QList<QKeySequence> StandardKeys(QKeySequence::StandardKey command, const QKeySe
 } // namespace
 
 // The icons are compiled into this library; a static library needs its resources named once.
-static void InitQuorvelResources()
-{
+static void InitQuorvelResources() {
     Q_INIT_RESOURCE(quorvel);
 }
 
-Form1::Form1(QWidget *parent) : QMainWindow(parent)
-{
+Form1::Form1(QWidget *parent) : QMainWindow(parent) {
     InitQuorvelResources();
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Quorvel v%1.%2").arg(kVersionMajor).arg(kVersionMinor));
@@ -78,7 +76,8 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent)
     BuildToolbar();
 
     for (int i = 0; i < 5; ++i)
-        connect(template_->Label2[static_cast<std::size_t>(i)], &ClickLabel::clicked, this, [this, i] { ToggleFold(i); });
+        connect(template_->Label2[static_cast<std::size_t>(i)], &ClickLabel::clicked, this,
+                [this, i] { ToggleFold(i); });
     connect(template_->Label1, &ClickLabel::clicked, this, [this] { ToggleFold(5); });
     connect(prediction_->Label4, &ClickLabel::clicked, this, [this] { ToggleFold(6); });
     connect(editor_->Label41, &ClickLabel::clicked, this, [this] { ToggleFold(7); });
@@ -94,26 +93,22 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent)
     StartMainWindow();
 }
 
-Form1::~Form1()
-{
+Form1::~Form1() {
     ExitApp();
 }
 
-QString Form1::ProgramFolder() const
-{
+QString Form1::ProgramFolder() const {
     return QCoreApplication::applicationDirPath();
 }
 
-void Form1::StartMainWindow()
-{
+void Form1::StartMainWindow() {
     state_.FoldState = {true, true, true, true, true, false, false, false};
     ReadSettingsFile();
     if (state_.Settings[quorvel::Load])
         LoadDnaFile(false, true);
 }
 
-void Form1::BuildToolbar()
-{
+void Form1::BuildToolbar() {
     Toolbar1 = new QToolBar(central_);
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setIconSize(QSize(16, 16));
@@ -176,8 +171,7 @@ void Form1::BuildToolbar()
     addAction(quit);
 }
 
-void Form1::ToolbarAction(const QString &caption)
-{
+void Form1::ToolbarAction(const QString &caption) {
     if (caption == QLatin1String("Load") || caption == QLatin1String("Load DNA"))
         LoadDnaFile(true, false);
     else if (caption == QLatin1String("Append DNA"))
@@ -207,20 +201,17 @@ void Form1::ToolbarAction(const QString &caption)
         ShowAbout();
 }
 
-void Form1::ShowFileCaption()
-{
+void Form1::ShowFileCaption() {
     setWindowTitle(QStringLiteral("Quorvel v%1.%2 [%3]").arg(kVersionMajor).arg(kVersionMinor).arg(state_.LastDnaFile));
 }
 
-void Form1::resizeEvent(QResizeEvent *event)
-{
+void Form1::resizeEvent(QResizeEvent *event) {
     QMainWindow::resizeEvent(event);
     Toolbar1->setGeometry(0, 0, width(), Toolbar1->sizeHint().height());
     LayoutMainWindow();
 }
 
-void Form1::LayoutMainWindow()
-{
+void Form1::LayoutMainWindow() {
     const int w = PxToTwips(width());
     const int h = PxToTwips(height());
     const bool folded = state_.FoldState[7];
@@ -232,8 +223,7 @@ void Form1::LayoutMainWindow()
     editor_->Picture4->move(TwipsToPx(4200), TwipsToPx(editorTop));
 }
 
-void Form1::ToggleFold(int part)
-{
+void Form1::ToggleFold(int part) {
     const bool fold = !state_.FoldState[static_cast<std::size_t>(part)];
     if (part < 5) {
         template_->SetListFolded(part, fold);
@@ -250,8 +240,7 @@ void Form1::ToggleFold(int part)
         LayoutMainWindow();
 }
 
-void Form1::FoldAllLists()
-{
+void Form1::FoldAllLists() {
     QPushButton *button = template_->Command5;
     const bool unfold = button->text().compare(QLatin1String("Unfold all"), Qt::CaseInsensitive) == 0;
     for (int i = 0; i < 5; ++i) {
@@ -262,15 +251,13 @@ void Form1::FoldAllLists()
     template_->Picture2->setFocus();
 }
 
-void Form1::closeEvent(QCloseEvent *event)
-{
+void Form1::closeEvent(QCloseEvent *event) {
     WriteSettingsFile();
     ExitApp();
     QMainWindow::closeEvent(event);
 }
 
-void Form1::ExitApp()
-{
+void Form1::ExitApp() {
     // Each window runs its own closing steps; one that is already gone is skipped.
     const std::array<QWidget *, 4> windows{form2_.data(), form3_.data(), form4_.data(), form5_.data()};
     for (QWidget *window : windows) {
@@ -296,8 +283,7 @@ void Form1::SecondaryWindowClosed() {
         activateWindow();
 }
 
-void Form1::ShowAbout()
-{
+void Form1::ShowAbout() {
     // A closed window waits for its deletion; a new one takes its place at once.
     if (!form4_ || !form4_->isVisible())
         form4_ = new Form4();

@@ -17,8 +17,7 @@ const QString kDnaFilter = QStringLiteral("Textfile (*.txt)");
 
 } // namespace
 
-void Form1::LoadDnaFile(bool replace, bool useLastFile)
-{
+void Form1::LoadDnaFile(bool replace, bool useLastFile) {
     template_->ClearTemplate(6);
     list_->SetListSorting(false);
     if (!useLastFile) {

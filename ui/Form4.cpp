@@ -7,8 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-Form4::Form4(QWidget *parent) : QWidget(parent, Qt::Window)
-{
+Form4::Form4(QWidget *parent) : QWidget(parent, Qt::Window) {
     setObjectName(QStringLiteral("Form4"));
     setWindowTitle(QStringLiteral("About"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -28,10 +27,9 @@ Form4::Form4(QWidget *parent) : QWidget(parent, Qt::Window)
     auto *note = new QPlainTextEdit(this);
     note->setObjectName(QStringLiteral("Text1"));
     note->setReadOnly(true);
-    note->setPlainText(QStringLiteral(
-        "Thank you to every creature engineer who sampled, logged and shared DNA values, "
-        "and to everyone who tested the level equations against real pets. "
-        "Your numbers made this tool possible."));
+    note->setPlainText(QStringLiteral("Thank you to every creature engineer who sampled, logged and shared DNA values, "
+                                      "and to everyone who tested the level equations against real pets. "
+                                      "Your numbers made this tool possible."));
     note->setGeometry(16, 100, 328, 100);
 
     auto *close = new QPushButton(QStringLiteral("Who cares."), this);

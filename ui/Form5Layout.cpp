@@ -10,7 +10,6 @@
 
 namespace {
 
-
 constexpr std::array<const char *, 10> kValueTitles{
     "Hardiness:",  "Fortitude:",     "Dexterity:", "Endurance:",  "Intellect:",
     "Cleverness:", "Dependability:", "Courage:",   "Fierceness:", "Power:"};

@@ -13,5 +13,4 @@ std::string FromQt(const QString &text);
 // A label or button with a fixed objectName, parented and placed in twips.
 class QLabel;
 class QWidget;
-QLabel *MakeLabel(QWidget *parent, const QString &name, const QString &text, int left, int top, int width,
-                  int height);
+QLabel *MakeLabel(QWidget *parent, const QString &name, const QString &text, int left, int top, int width, int height);

@@ -5,14 +5,12 @@
 #include <QFrame>
 #include <QMouseEvent>
 
-void ClickLabel::mousePressEvent(QMouseEvent *event)
-{
+void ClickLabel::mousePressEvent(QMouseEvent *event) {
     pressed_ = event->button() == Qt::LeftButton;
     QLabel::mousePressEvent(event);
 }
 
-void ClickLabel::mouseReleaseEvent(QMouseEvent *event)
-{
+void ClickLabel::mouseReleaseEvent(QMouseEvent *event) {
     const bool click = pressed_ && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
     pressed_ = false;
     QLabel::mouseReleaseEvent(event);
@@ -20,8 +18,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent *event)
         emit clicked();
 }
 
-DropFilter::DropFilter(QWidget *target) : QObject(target)
-{
+DropFilter::DropFilter(QWidget *target) : QObject(target) {
     target->setAcceptDrops(true);
     QWidget *receiver = target;
     if (auto *area = qobject_cast<QAbstractScrollArea *>(target)) {
@@ -31,8 +28,7 @@ DropFilter::DropFilter(QWidget *target) : QObject(target)
     receiver->installEventFilter(this);
 }
 
-bool DropFilter::eventFilter(QObject *, QEvent *event)
-{
+bool DropFilter::eventFilter(QObject *, QEvent *event) {
     switch (event->type()) {
     case QEvent::DragEnter:
     case QEvent::DragMove: {
@@ -53,16 +49,14 @@ bool DropFilter::eventFilter(QObject *, QEvent *event)
     }
 }
 
-void FillBackground(QWidget *widget, const QColor &colour)
-{
+void FillBackground(QWidget *widget, const QColor &colour) {
     widget->setAutoFillBackground(true);
     QPalette palette = widget->palette();
     palette.setColor(QPalette::Window, colour);
     widget->setPalette(palette);
 }
 
-void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title)
-{
+void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title) {
     window->setObjectName(name);
     window->setWindowTitle(title);
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -72,16 +66,14 @@ void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &t
     window->setFont(compact);
 }
 
-QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour)
-{
+QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour) {
     auto *panel = new QFrame(parent);
     panel->setObjectName(name);
     FillBackground(panel, colour);
     return panel;
 }
 
-void SetTextColour(QWidget *widget, const QColor &colour)
-{
+void SetTextColour(QWidget *widget, const QColor &colour) {
     QPalette palette = widget->palette();
     palette.setColor(QPalette::WindowText, colour);
     palette.setColor(QPalette::ButtonText, colour);

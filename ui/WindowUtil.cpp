@@ -2,8 +2,7 @@
 
 #include <QWidget>
 
-void ShowOrFocusWindow(QWidget *window)
-{
+void ShowOrFocusWindow(QWidget *window) {
     if (!window->isVisible()) {
         window->show();
         return;
@@ -14,8 +13,7 @@ void ShowOrFocusWindow(QWidget *window)
     window->setFocus();
 }
 
-void SetTopMost(QWidget *window, bool on)
-{
+void SetTopMost(QWidget *window, bool on) {
     if (window->windowFlags().testFlag(Qt::WindowStaysOnTopHint) == on)
         return;
     const QPoint place = window->pos();
