@@ -2,10 +2,7 @@
 
 #include "Form1.h"
 
-#include <QAction>
 #include <QCheckBox>
-#include <QLabel>
-#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 
@@ -20,318 +17,185 @@ const QStringList kSamples{
     QStringLiteral("512,340,300,100,0,0,930,930,400,50,Single,12,3,0,2"),
 };
 
-const QColor kWhite(255, 255, 255);
-const QColor kYellow(255, 255, 0);
-const QColor kGreen(0, 255, 0);
+// Box colours by their centre pixel, Picture<picture>_0 up: W white, Y yellow, G green, - hidden.
+QString Colours(QWidget *window, int picture, int boxes = 10) {
+    QString letters;
+    for (int b = 0; b < boxes; ++b) {
+        auto *box = Find<QWidget>(window, QStringLiteral("Picture%1_%2").arg(picture).arg(b));
+        const QImage image = box->grab().toImage();
+        const QColor c = image.pixelColor(image.rect().center());
+        letters += box->isHidden()           ? u'-'
+                   : c == QColor(Qt::white)  ? u'W'
+                   : c == QColor(Qt::yellow) ? u'Y'
+                   : c == QColor(Qt::green)  ? u'G'
+                                             : u'?';
+    }
+    return letters;
+}
 
-// Row names of the categories Physique .. Aggressiveness.
-const QStringList kRows{QStringLiteral("Picture5"), QStringLiteral("Picture6"), QStringLiteral("Picture7"),
-                        QStringLiteral("Picture8"), QStringLiteral("Picture9")};
-
-QWidget *ExpWindow() {
+// Loads the samples and opens the sample session of row 2 with this many points.
+QWidget *OpenSampleSession(Form1 *form, int points) {
+    LoadSamples(form, kSamples);
+    ClickRow(Find<QAbstractItemView>(form, QStringLiteral("ListView1")), 2);
+    form->State().Settings.ExpPoints = points;
+    ClickWidget(Find<QPushButton>(form, QStringLiteral("Command8")));
     return TopLevel(QStringLiteral("Form5"));
-}
-
-QString Text(QWidget *window, const QString &name) {
-    auto *label = Find<QLabel>(window, name);
-    return label ? label->text() : QString();
-}
-
-QWidget *Box(QWidget *window, int category, int box) {
-    return Find<QWidget>(window, QStringLiteral("%1_%2").arg(kRows[category]).arg(box));
-}
-
-QColor Centre(QWidget *box) {
-    const QImage image = box->grab().toImage();
-    return image.pixelColor(image.rect().center());
-}
-
-// The colours of a row's boxes as letters: W white, Y yellow, G green, - hidden.
-QString RowColours(QWidget *window, int category) {
-    QString letters;
-    for (int b = 0; b < 10; ++b) {
-        QWidget *box = Box(window, category, b);
-        const QColor colour = Centre(box);
-        letters += box->isHidden()     ? QLatin1Char('-')
-                   : colour == kWhite  ? QLatin1Char('W')
-                   : colour == kYellow ? QLatin1Char('Y')
-                   : colour == kGreen  ? QLatin1Char('G')
-                                       : QLatin1Char('?');
-    }
-    return letters;
-}
-
-// The points column from box 0 up: Y yellow, W white.
-QString PointColours(QWidget *window) {
-    QString letters;
-    for (int b = 0; b < 12; ++b) {
-        const QColor colour = Centre(Find<QWidget>(window, QStringLiteral("Picture4_%1").arg(b)));
-        letters += colour == kYellow ? QLatin1Char('Y') : colour == kWhite ? QLatin1Char('W') : QLatin1Char('?');
-    }
-    return letters;
-}
-
-void LoadSamples(Form1 *form) {
-    AnswerFileDialog(WriteDnaFile(QStringLiteral("session.txt"), kSamples));
-    ToolbarAction(form, QStringLiteral("Load DNA"))->trigger();
-}
-
-// Sends row 1 to every category through the list's pop-up menu.
-void FillTemplate(Form1 *form) {
-    auto *list = Find<QAbstractItemView>(form, QStringLiteral("ListView1"));
-    for (const QString &entry : {QStringLiteral("m_phys"), QStringLiteral("m_prow"), QStringLiteral("m_ment"),
-                                 QStringLiteral("m_psych"), QStringLiteral("m_aggro")}) {
-        ClickRow(list, 1, Qt::RightButton);
-        auto *menu = form->findChild<QMenu *>(QStringLiteral("m_test"));
-        QTRY_VERIFY(menu->isVisible());
-        menu->findChild<QAction *>(entry)->trigger();
-        menu->hide();
-    }
-}
-
-// Closing destroys the window; a new session makes a new one.
-bool ClosedAndGone(QWidget *window) {
-    QPointer<QWidget> gone(window);
-    window->close();
-    return QTest::qWaitFor([&gone] { return gone.isNull(); });
-}
-
-QPushButton *Button(QWidget *window, const QString &name) {
-    return Find<QPushButton>(window, name);
 }
 
 } // namespace
 
-class TestForm5 : public QObject {
+class TestForm5 : public WindowTest {
     Q_OBJECT
 
-private slots:
-    void initTestCase() {
-        QLocale::setDefault(QLocale::c());
-        RemoveSettingsFile();
+    // Category rows Physique .. Aggressiveness are Picture5 .. Picture9; the points column is Picture4.
+    static QString Row(QWidget *w, int category) { return Colours(w, category + 5); }
+    static QString Points(QWidget *w) { return Colours(w, 4, 12); }
+    static void Click(QWidget *w, int category, int box) {
+        ClickWidget(Find<QWidget>(w, QStringLiteral("Picture%1_%2").arg(category + 5).arg(box)));
     }
-    void cleanup() {
-        CloseAllWindows();
-        RemoveSettingsFile();
-    }
+    static QPushButton *Button(QWidget *w, const char *name) { return Find<QPushButton>(w, QLatin1String(name)); }
 
+private slots:
     void templateSessionPlacesGivesBackAndRuns() {
         auto form = MakeForm1();
-        LoadSamples(form.get());
-        FillTemplate(form.get());
-        QPushButton *simulate = Button(form.get(), QStringLiteral("Command7"));
-        QVERIFY(simulate->isEnabled());
+        LoadSamples(form.get(), kSamples);
+        for (int c = 0; c < 5; ++c)
+            SendToCategory(form.get(), 1, c);
         form->State().Settings.ExpPoints = 5;
         form->State().Settings[quorvel::Min] = true;
-        const QString mainMental = Text(form.get(), QStringLiteral("Label14_4"));
-        QCOMPARE(mainMental, QStringLiteral("325 [500]"));
 
-        ClickWidget(simulate);
-        QWidget *window = ExpWindow();
+        ClickWidget(Button(form.get(), "Command7"));
+        QWidget *window = TopLevel(QStringLiteral("Form5"));
         QVERIFY(window);
-        QCOMPARE(window->windowTitle(), QStringLiteral("ExpSim"));
         QVERIFY(form->isMinimized());
-        QVERIFY(Button(window, QStringLiteral("Command3"))->isEnabled());
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
-
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("5"));
-        QCOMPARE(PointColours(window), QStringLiteral("YYYYYWWWWWWW"));
-        const QStringList caps{QStringLiteral("100%"), QStringLiteral("45%"), QStringLiteral("50%"),
-                               QStringLiteral("60%"), QStringLiteral("45%")};
-        const QStringList currents{QStringLiteral("115%"), QStringLiteral("27%"), QStringLiteral("32%"),
-                                   QStringLiteral("45%"), QStringLiteral("43%")};
-        for (int c = 0; c < 5; ++c) {
-            QCOMPARE(Text(window, QStringLiteral("Label5_%1").arg(c)), caps[c]);
-            QCOMPARE(Text(window, QStringLiteral("Label42_%1").arg(c)), currents[c]);
-        }
-        // Caps 1000 and 1000 start at 1150: past the cap, every box yellow.
-        QCOMPARE(RowColours(window, 0), QStringLiteral("YYYYYYYYYY"));
-        QCOMPARE(RowColours(window, 1), QStringLiteral("YYWWW-----"));
-        QCOMPARE(RowColours(window, 2), QStringLiteral("YYYWWW----"));
-        QCOMPARE(RowColours(window, 3), QStringLiteral("YYYYWWW---"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_0")), QStringLiteral("1150 [1000]"));
-        // The evaluation already raised Power to its minimum, so the window shows it with its cap.
-        QCOMPARE(Text(window, QStringLiteral("Label14_9")), QStringLiteral("113 [100]"));
-        const QString startHealth = Text(window, QStringLiteral("Label23_0"));
-        QCOMPARE(startHealth, Text(form.get(), QStringLiteral("Label23_0")));
+        QVERIFY(Button(window, "Command3")->isEnabled());
+        QVERIFY(!Button(window, "Command2")->isEnabled());
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("5"));
+        QCOMPARE(Points(window), QStringLiteral("YYYYYWWWWWWW"));
+        QStringList percents;
+        for (int c = 0; c < 5; ++c)
+            percents << TextOf(window, QStringLiteral("Label5_%1").arg(c)) + u'/' +
+                            TextOf(window, QStringLiteral("Label42_%1").arg(c));
+        QCOMPARE(percents.join(u' '), QStringLiteral("100%/115% 45%/27% 50%/32% 60%/45% 45%/43%"));
+        // Caps 1000 and 1000 start at 1150: past the cap, every box yellow; boxes beyond a cap are hidden.
+        QCOMPARE(Row(window, 0), QStringLiteral("YYYYYYYYYY"));
+        QCOMPARE(Row(window, 1), QStringLiteral("YYWWW-----"));
+        QCOMPARE(Row(window, 2), QStringLiteral("YYYWWW----"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_0")), QStringLiteral("1150 [1000]"));
 
         // A click on a white box turns the row's first white box green; a second placement
         // and clicks on yellow boxes change nothing; the green box gives the point back.
-        ClickWidget(Box(window, 2, 5));
-        QCOMPARE(RowColours(window, 2), QStringLiteral("YYYGWW----"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("4"));
-        QCOMPARE(PointColours(window), QStringLiteral("YYYYWWWWWWWW"));
-        QVERIFY(Button(window, QStringLiteral("Command2"))->isEnabled());
-        ClickWidget(Box(window, 3, 6));
-        ClickWidget(Box(window, 2, 0));
-        QCOMPARE(RowColours(window, 3), QStringLiteral("YYYYWWW---"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("4"));
-        ClickWidget(Box(window, 2, 3));
-        QCOMPARE(RowColours(window, 2), QStringLiteral("YYYWWW----"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("5"));
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
+        Click(window, 2, 5);
+        QCOMPARE(Row(window, 2), QStringLiteral("YYYGWW----"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("4"));
+        QCOMPARE(Points(window), QStringLiteral("YYYYWWWWWWWW"));
+        QVERIFY(Button(window, "Command2")->isEnabled());
+        Click(window, 3, 6);
+        Click(window, 2, 0);
+        QCOMPARE(Row(window, 3), QStringLiteral("YYYYWWW---"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("4"));
+        Click(window, 2, 3);
+        QCOMPARE(Row(window, 2), QStringLiteral("YYYWWW----"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("5"));
+        QVERIFY(!Button(window, "Command2")->isEnabled());
 
-        // Mental (325, 325) gains 70 each; the point stays spent.
-        ClickWidget(Box(window, 2, 4));
-        ClickWidget(Button(window, QStringLiteral("Command2")));
-        QCOMPARE(Text(window, QStringLiteral("Label14_4")), QStringLiteral("395 [500]"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_5")), QStringLiteral("395 [500]"));
-        QCOMPARE(Text(window, QStringLiteral("Label42_2")), QStringLiteral("39%"));
-        QCOMPARE(RowColours(window, 2), QStringLiteral("YYYWWW----"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("4"));
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
-        // Defense follows Intellect.
-        QVERIFY(Text(window, QStringLiteral("Label23_4")) != Text(form.get(), QStringLiteral("Label23_4")));
+        // Run: Mental (325, 325) gains 70 each; the point stays spent.
+        Click(window, 2, 4);
+        ClickWidget(Button(window, "Command2"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_4")), QStringLiteral("395 [500]"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_5")), QStringLiteral("395 [500]"));
+        QCOMPARE(Row(window, 2), QStringLiteral("YYYWWW----"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("4"));
 
         // Reset starts over from the caps and minimises the main window again.
         form->showNormal();
-        ClickWidget(Box(window, 3, 5));
-        ClickWidget(Button(window, QStringLiteral("Command3")));
+        Click(window, 3, 5);
+        ClickWidget(Button(window, "Command3"));
         QVERIFY(form->isMinimized());
-        QCOMPARE(Text(window, QStringLiteral("Label14_4")), QStringLiteral("325 [500]"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("5"));
-        QCOMPARE(RowColours(window, 3), QStringLiteral("YYYYWWW---"));
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_4")), QStringLiteral("325 [500]"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("5"));
+        QCOMPARE(Row(window, 3), QStringLiteral("YYYYWWW---"));
+        Click(window, 2, 3);
+        ClickWidget(Button(window, "Command2"));
 
-        ClickWidget(Box(window, 2, 3));
-        ClickWidget(Button(window, QStringLiteral("Command2")));
-
-        // Done: the main window is restored with its list focused; the results stay in the
-        // template while the main window's captions still show the evaluated values.
+        // Done restores the main window with its list focused; the results stay in the template
+        // while the main window's captions still show the evaluated values.
         QPointer<QWidget> closing(window);
-        ClickWidget(Button(window, QStringLiteral("Command1")));
+        ClickWidget(Button(window, "Command1"));
         QTRY_VERIFY(closing.isNull());
         QCOMPARE(form->windowState() & Qt::WindowMinimized, Qt::WindowNoState);
         QCOMPARE(form->focusWidget(), Find<QWidget>(form.get(), QStringLiteral("ListView1")));
         QCOMPARE(form->State().Template.Current[quorvel::Intellect], 395);
-        QCOMPARE(Text(form.get(), QStringLiteral("Label14_4")), mainMental);
+        QCOMPARE(TextOf(form.get(), QStringLiteral("Label14_4")), QStringLiteral("325 [500]"));
 
+        // Clear Experiment returns the template to the evaluated values.
         form->State().Settings[quorvel::Min] = false;
-        ClickWidget(Button(form.get(), QStringLiteral("Command6")));
+        ClickWidget(Button(form.get(), "Command6"));
         QCOMPARE(form->State().Template.Current[quorvel::Intellect], 325);
-        QCOMPARE(form->State().Template.Current[quorvel::Hardiness], 1150);
-        QCOMPARE(Text(form.get(), QStringLiteral("Label14_4")), mainMental);
         QCOMPARE(form->focusWidget(), Find<QWidget>(form.get(), QStringLiteral("Picture2")));
-
-        // A new session starts from the evaluated values, not from the closed one's.
-        ClickWidget(simulate);
-        QVERIFY(ExpWindow());
-        QCOMPARE(Text(ExpWindow(), QStringLiteral("Label14_4")), QStringLiteral("325 [500]"));
-        QVERIFY(!form->isMinimized());
     }
 
     void sampleSessionRaisesPairsToTheirCaps() {
         auto form = MakeForm1();
-        LoadSamples(form.get());
-        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 2);
-        // A hand-edited settings file may hold more points than there are boxes.
-        form->State().Settings.ExpPoints = 40;
         form->State().Settings[quorvel::Old] = true;
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
-        QWidget *window = ExpWindow();
+        // A hand-edited settings file may hold more points than there are boxes.
+        QWidget *window = OpenSampleSession(form.get(), 40);
         QVERIFY(window);
-        QVERIFY(!Button(window, QStringLiteral("Command3"))->isEnabled());
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("12"));
-        QCOMPARE(PointColours(window), QStringLiteral("YYYYYYYYYYYY"));
-        for (int c = 0; c < 5; ++c)
-            QCOMPARE(Text(window, QStringLiteral("Label5_%1").arg(c)), QStringLiteral("100%"));
-        QCOMPARE(RowColours(window, 0), QStringLiteral("YYYYWWWWWW"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_0")), QStringLiteral("512 [1000]"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_9")), QStringLiteral("113\r\n [Min val]"));
+        QVERIFY(!Button(window, "Command3")->isEnabled());
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("12"));
+        QCOMPARE(Points(window), QStringLiteral("YYYYYYYYYYYY"));
+        QCOMPARE(Row(window, 0), QStringLiteral("YYYYWWWWWW"));
 
-        const auto runOn = [window](int category) {
-            ClickWidget(Box(window, category, 9));
-            ClickWidget(Button(window, QStringLiteral("Command2")));
-        };
-        const QString startLevel = Text(window, QStringLiteral("Label23_10"));
-        runOn(0);
-        QCOMPARE(Text(window, QStringLiteral("Label14_0")), QStringLiteral("567 [1000]"));
+        const QString startLevel = TextOf(window, QStringLiteral("Label23_10"));
+        Click(window, 0, 9);
+        ClickWidget(Button(window, "Command2"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_0")), QStringLiteral("567 [1000]"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_1")), QStringLiteral("424 [1000]"));
         // The pet follows: a new level, which is also the program's last creature level.
-        QVERIFY(Text(window, QStringLiteral("Label23_10")) != startLevel);
-        QCOMPARE(Text(window, QStringLiteral("Label23_10")).toFloat(), form->State().LastCreatureLevel);
-        QCOMPARE(Text(window, QStringLiteral("Label14_1")), QStringLiteral("424 [1000]"));
-        runOn(1);
-        QCOMPARE(Text(window, QStringLiteral("Label14_2")), QStringLiteral("335 [1000]"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_3")), QStringLiteral("205 [1000]"));
-        // Two zeros share the point evenly.
-        runOn(2);
-        QCOMPARE(Text(window, QStringLiteral("Label14_4")), QStringLiteral("70 [1000]"));
-        QCOMPARE(Text(window, QStringLiteral("Label14_5")), QStringLiteral("70 [1000]"));
-        // (930, 930) reaches (1000, 1000): the whole row is yellow.
-        QCOMPARE(RowColours(window, 3), QStringLiteral("YYYYYYYYYW"));
-        runOn(3);
-        QCOMPARE(Text(window, QStringLiteral("Label14_6")), QStringLiteral("1000 [1000]"));
-        QCOMPARE(Text(window, QStringLiteral("Label42_3")), QStringLiteral("100%"));
-        QCOMPARE(RowColours(window, 3), QStringLiteral("YYYYYYYYYY"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("8"));
-
-        // Closed with a point placed, the window opens again with no point placed.
-        ClickWidget(Box(window, 4, 9));
-        QCOMPARE(RowColours(window, 4), QStringLiteral("YYGWWWWWWW"));
-        QVERIFY(ClosedAndGone(window));
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
-        window = ExpWindow();
-        QVERIFY(window);
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
-        QCOMPARE(RowColours(window, 4), QStringLiteral("YYWWWWWWWW"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("12"));
+        QVERIFY(TextOf(window, QStringLiteral("Label23_10")) != startLevel);
+        QCOMPARE(TextOf(window, QStringLiteral("Label23_10")).toFloat(), form->State().LastCreatureLevel);
+        Click(window, 1, 9);
+        ClickWidget(Button(window, "Command2"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_2")), QStringLiteral("335 [1000]"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label14_3")), QStringLiteral("205 [1000]"));
     }
 
-    void newSessionRightAfterDoneOpensAFreshWindow() {
+    void lastPointStaysPlacedAndDoneThenEOpensAFreshWindow() {
         auto form = MakeForm1();
-        LoadSamples(form.get());
-        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 2);
-        form->State().Settings.ExpPoints = 3;
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
-        QWidget *window = ExpWindow();
+        QWidget *window = OpenSampleSession(form.get(), 1);
         QVERIFY(window);
-        ClickWidget(Box(window, 0, 9));
-        QVERIFY(Button(window, QStringLiteral("Command2"))->isEnabled());
+        Click(window, 0, 9);
+        Click(window, 0, 4);
+        QCOMPARE(Row(window, 0), QStringLiteral("YYYYGWWWWW"));
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("0"));
+        QCOMPARE(Points(window), QStringLiteral("WWWWWWWWWWWW"));
+        QVERIFY(Button(window, "Command2")->isEnabled());
 
         // "E" again before the closed window has been destroyed.
-        ClickWidget(Button(window, QStringLiteral("Command1")));
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
+        ClickWidget(Button(window, "Command1"));
+        ClickWidget(Button(form.get(), "Command8"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        window = ExpWindow();
+        window = TopLevel(QStringLiteral("Form5"));
         QVERIFY(window);
-        QVERIFY(!Button(window, QStringLiteral("Command2"))->isEnabled());
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("3"));
-        QCOMPARE(RowColours(window, 0), QStringLiteral("YYYYWWWWWW"));
-    }
-
-    void lastPointCannotBeGivenBack() {
-        auto form = MakeForm1();
-        LoadSamples(form.get());
-        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 2);
-        form->State().Settings.ExpPoints = 1;
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
-        QWidget *window = ExpWindow();
-        QVERIFY(window);
-        ClickWidget(Box(window, 1, 9));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("0"));
-        ClickWidget(Box(window, 1, 2));
-        QCOMPARE(RowColours(window, 1), QStringLiteral("YYGWWWWWWW"));
-        QCOMPARE(Text(window, QStringLiteral("Label1")), QStringLiteral("0"));
-        QCOMPARE(PointColours(window), QStringLiteral("WWWWWWWWWWWW"));
-        QVERIFY(Button(window, QStringLiteral("Command2"))->isEnabled());
+        QVERIFY(!Button(window, "Command2")->isEnabled());
+        QCOMPARE(TextOf(window, QStringLiteral("Label1")), QStringLiteral("1"));
+        QCOMPARE(Row(window, 0), QStringLiteral("YYYYWWWWWW"));
     }
 
     void alwaysOnTopFollowsTheOptionAndTheCheckBox() {
         auto form = MakeForm1();
         form->State().Settings[quorvel::OnTop] = true;
-        ClickWidget(Button(form.get(), QStringLiteral("Command8")));
-        QWidget *window = ExpWindow();
+        ClickWidget(Button(form.get(), "Command8"));
+        QWidget *window = TopLevel(QStringLiteral("Form5"));
         QVERIFY(window);
         auto *check = Find<QCheckBox>(window, QStringLiteral("Check1"));
         QVERIFY(check->isChecked());
         QVERIFY(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        QTest::mouseClick(check, Qt::LeftButton, Qt::NoModifier, QPoint(8, check->height() / 2));
-        QVERIFY(!window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        QTRY_VERIFY(window->isVisible());
-        QTest::mouseClick(check, Qt::LeftButton, Qt::NoModifier, QPoint(8, check->height() / 2));
-        QVERIFY(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        QTRY_VERIFY(window->isVisible());
-        QCOMPARE(window->size(), QSize(553, 421));
+        for (bool onTop : {false, true}) {
+            QTest::mouseClick(check, Qt::LeftButton, Qt::NoModifier, QPoint(8, check->height() / 2));
+            QCOMPARE(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+            QTRY_VERIFY(window->isVisible());
+        }
     }
 };
 
