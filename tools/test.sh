@@ -9,6 +9,14 @@ cmake -S . -B build -DCMAKE_BUILD_TYPE=Release
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure -j"$jobs"
 
+# The same tests again under the address and undefined-behaviour sanitizers (Debug, no
+# optimisation, so the build stays short). Leak reports are off: the toolkit's own
+# process-lifetime allocations would drown the program's.
+cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DQUORVEL_SANITIZE=ON
+cmake --build build-asan -j"$jobs"
+ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+    ctest --test-dir build-asan --output-on-failure -j"$jobs"
+
 # Installation into a temporary prefix: the command, the program beside its example files,
 # the launcher and the icon must all be in place.
 prefix="$(mktemp -d)"
