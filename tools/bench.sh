@@ -30,7 +30,7 @@ rows+=$'\n'"$(awk -F, -v numbers=10e6 -v texts=1e6 '
         ns = $3; per_s = 1e9 / ns
         target = (name == "Numbers") ? numbers : texts
         printf "predict: evaluations, %s|%.3g ns each|%.3g / s|-|>= %.3g / s|%s\n",
-               tolower(name), ns, per_s, target, per_s >= target ? "met" : "MISSED"
+               tolower(name), ns, per_s, target, (per_s >= target ? "met" : "MISSED")
     }' <<<"$csv")"
 
 {
