@@ -5,12 +5,11 @@
 #include <cmath>
 #include <string>
 #include <utility>
-#include <vector>
 
 using quorvel::ReadNumber;
 
 TEST(ReadNumber, LenientReadingStopsWhereTheNumberEnds) {
-    const std::vector<std::pair<std::string, double>> cases = {
+    const std::pair<const char *, double> cases[] = {
         {"-2.5", -2.5}, {"+7", 7},      {".5", 0.5},      {"1.", 1},         {"12abc", 12},
         {"1,5", 1},     {"1.2.3", 1.2}, {"3-4", 3},       {"1 2", 12},       {" \t- 1\n2 . 5 ", -12.5},
         {"1\r2", 1},    {"1E3", 1000},  {"2.5e-1", 0.25}, {"1 E 2", 100},    {"1E", 1},
@@ -25,9 +24,9 @@ TEST(ReadNumber, LenientReadingStopsWhereTheNumberEnds) {
 
 TEST(ReadNumber, HugeAndLongInputIsHandled) {
     EXPECT_EQ(ReadNumber("1" + std::string(400, '0')), HUGE_VAL);
+    EXPECT_EQ(ReadNumber("&H" + std::string(100000, 'F')), HUGE_VAL);
     EXPECT_EQ(ReadNumber("-1e99999999999999999999"), -HUGE_VAL);
     EXPECT_EQ(ReadNumber("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(ReadNumber("0." + std::string(400, '0') + "1e405"), 1e4);
     EXPECT_EQ(ReadNumber(std::string(100000, ' ') + "42"), 42.0);
-    EXPECT_EQ(ReadNumber("&H" + std::string(100000, 'F')), HUGE_VAL);
 }
