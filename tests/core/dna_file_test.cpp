@@ -10,18 +10,12 @@ using namespace quorvel;
 
 namespace {
 
-std::vector<std::string> Lines(const std::string &text) {
-    std::istringstream in(text);
-    std::vector<std::string> lines;
-    for (std::string line; ReadDnaLine(in, line);)
-        lines.push_back(line);
-    return lines;
-}
+const std::string kAttributes = "412,388,270,301,95,102,340,298,415,502";
 
 std::string SampleLines(int from, int to) {
     std::string text;
     for (int n = from; n <= to; ++n)
-        text += std::to_string(n % 9999) + ",2,3,4,5,6,7,8,9,10,S" + std::to_string(n) + ",5,1,0,2\r\n";
+        text += std::to_string(n) + ",2,3,4,5,6,7,8,9,10,S" + std::to_string(n) + ",5,1,0,2\r\n";
     return text;
 }
 
@@ -33,31 +27,49 @@ std::pair<LoadEnd, std::vector<int>> Load(DnaLibrary &library, const std::string
     return {end, slots};
 }
 
-} // namespace
-
-TEST(ReadDnaLine, CrLfAndLoneCrEndLinesButLoneLfDoesNot) {
-    EXPECT_EQ(Lines("a\r\nb\r\n\r\n"), (std::vector<std::string>{"a", "b", ""}));
-    EXPECT_EQ(Lines("a\rb\n c\r\nlast"), (std::vector<std::string>{"a", "b\n c", "last"}));
-    EXPECT_TRUE(Lines("").empty());
-    const std::string noise("\0\xFF\n\x1A", 4), longLine(100000, 'x');
-    EXPECT_EQ(Lines(noise + "\r" + longLine), (std::vector<std::string>{noise, longLine}));
+ParsedLine Parse(const std::string &line, int slot = 1) {
+    return std::get<ParsedLine>(ParseDnaLine(line, slot));
 }
 
-TEST(LoadDnaStream, StopsAtShortBadOrOverflowingLinesKeepingEarlierSamples) {
+} // namespace
+
+TEST(ParseDnaLine, FieldsAreRoundedButLoaderCellsShowThemAsTypedAndBadFieldsAreFound) {
+    const auto full = Parse(kAttributes + ",Kusak Alpha,18,7,1,3,extra", 17);
+    EXPECT_EQ(FormatDnaLine(full.record, false), kAttributes + ",Kusak Alpha,18,7,1,3\r\n");
+    EXPECT_EQ(full.cells[0] + "|" + full.cells[1] + "|" + full.cells[6] + "|" + full.cells[12] + "|" + full.cells[13],
+              "17|Kusak Alpha|   95|   18|Naboo");
+    const auto typed = Parse("12.7,2.5,3.5,1 2,abc,0,0,0,0,0, N \xE9 ,4.5,2.5,0.5,6.5");
+    EXPECT_EQ(FormatDnaLine(typed.record, false), "13,2,4,12,0,0,0,0,0,0, N \xE9 ,4,2,0,6.5\r\n");
+    EXPECT_EQ(typed.cells[2] + "|" + typed.cells[5] + "|" + typed.cells[15], " 12.7|  1 2|Unknown");
+    // Eleven fields with an empty name: the slot number stands in for it. Quality 7 has no name.
+    const auto shortest = Parse("1,2,3,4,5,6,7,8,9,10,", 42);
+    EXPECT_EQ(FormatDnaLine(shortest.record, false), "1,2,3,4,5,6,7,8,9,10,42,0,0,0,0\r\n");
+    EXPECT_EQ(shortest.cells[12] + "|" + Parse(kAttributes + ",n,0,0,0,7").cells[15], "   0|");
+    // A comma in a name shifts the later fields.
+    EXPECT_EQ(FormatDnaLine(Parse(kAttributes + ",Kusak, Alpha,5,1,0").record, false),
+              kAttributes + ",Kusak,0,5,1,0\r\n");
+    EXPECT_EQ(std::get<LineError>(ParseDnaLine(kAttributes, 1)), LineError::TooFewFields);
+    // An attribute of six characters; 16 bits; planet, origin and quality (7.5 rounds to 8) outside their tables.
+    const std::string rest = kAttributes.substr(3);
+    for (const std::string &line : {"-12000" + rest + ",n", "32768" + rest + ",n", kAttributes + ",n,0,12",
+                                    kAttributes + ",n,0,0,2", kAttributes + ",n,0,0,0,7.5", kAttributes + ",n,0,0,0,8"})
+        EXPECT_EQ(std::get<LineError>(ParseDnaLine(line, 1)), LineError::BadField) << line;
+}
+
+TEST(LoadDnaStream, CrLfOrLoneCrEndLinesAndShortBadOrOverflowingLinesStopIt) {
     DnaLibrary library;
-    EXPECT_EQ(Load(library, SampleLines(1, 3)), std::pair(LoadEnd::Complete, std::vector<int>{1, 2, 3}));
-    // A blank line stops the load, also as the last line; so does a bad field on the first line.
+    // A lone LF does not end a line: it stays in the name.
+    EXPECT_EQ(Load(library, "1,2,3,4,5,6,7,8,9,10,a\nb\r" + SampleLines(2, 3)),
+              std::pair(LoadEnd::Complete, std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(library.Records[1].Name, "a\nb");
+    // A blank line stops the load, also as the last line; so does a bad line.
     EXPECT_EQ(Load(library, SampleLines(4, 4) + "\r\n" + SampleLines(5, 5)).second, std::vector<int>{4});
     EXPECT_EQ(Load(library, SampleLines(5, 5) + "\r\n"), std::pair(LoadEnd::Stopped, std::vector<int>{5}));
-    EXPECT_EQ(Load(library, "-12000,2,3,4,5,6,7,8,9,10,x\r\n" + SampleLines(7, 7)).second.size(), 0u);
-    EXPECT_EQ(library.Records[library.Count].Name, "S5");
-
-    DnaLibrary exactly;
-    EXPECT_EQ(Load(exactly, SampleLines(1, 500)).first, LoadEnd::Complete);
+    EXPECT_EQ(Load(library, "-12000,2,3,4,5,6,7,8,9,10,x\r\n" + SampleLines(7, 7)).second, std::vector<int>{});
+    EXPECT_EQ(library.Count, 5);
     DnaLibrary full;
     EXPECT_EQ(Load(full, SampleLines(1, 600)).first, LoadEnd::Stopped);
     EXPECT_EQ(full.Count, 500);
-    EXPECT_EQ(full.Records[500].Name, "S500");
 }
 
 TEST(LoadDnaStream, AppendAfterShrinkingLoadOverwritesStaleSlots) {
@@ -69,27 +81,19 @@ TEST(LoadDnaStream, AppendAfterShrinkingLoadOverwritesStaleSlots) {
     EXPECT_EQ(FormatDnaLine(library.Records[2], false), "5,5,5,5,5,5,5,5,5,5,2,0,0,0,0\r\n");
 }
 
-TEST(RebuildRowCells, PadsNumbersAndShowsNothingForOddIndexes) {
+TEST(RebuildRowCells, PadsNumbersToFourCharacters) {
     const DnaRecord record{"Kusak", {123, 7, -5, 0, 12345, -32768, 10, 999, 1000, 99}, 11, 1, 18, 6.5f};
     const RowCells expected = {"9",    "Kusak", " 123", "   7", "   -5", "   0",    "12345",   "-32768",
                                "  10", " 999",  "1000", "  99", "  18",  "Yavin 4", "Mission", "Unknown"};
     EXPECT_EQ(RebuildRowCells(record, 9), expected);
-    const auto odd = RebuildRowCells({"x", {}, 12, -1, 0, 8.0f}, 9);
-    EXPECT_EQ(odd[13] + odd[14] + odd[15], "");
 }
 
+// Saved in the order asked, slots outside the library left out; words read back as 0.
 TEST(FormatDnaFile, SavedLinesReadBackToTheSameSamples) {
     const DnaRecord record{"Jörg €", {412, 388, 270, 301, 95, 102, 340, 298, 415, -502}, 1, 0, 18, 2.5f};
-    const std::string numeric = "412,388,270,301,95,102,340,298,415,-502,J\xF6rg \x80,18,1,0,2.5\r\n";
-    EXPECT_EQ(FormatDnaLine(record, false), numeric);
-    EXPECT_EQ(FormatDnaLine(record, true),
-              "412,388,270,301,95,102,340,298,415,-502,J\xF6rg \x80,18,Corellia,Wild,Average\r\n");
-
-    // Saved in the order asked, slots outside the library left out; the line with words
-    // reads back with planet, origin and quality 0.
-    const std::string first = "1,-2,3,4,5,6,7,8,9,32767,Alpha \x9F,-7,11,1,6.5\r\n";
+    const std::string start = "412,388,270,301,95,102,340,298,415,-502,J\xF6rg \x80,18,";
+    EXPECT_EQ(FormatDnaLine(record, true), start + "Corellia,Wild,Average\r\n");
     DnaLibrary library;
-    EXPECT_EQ(Load(library, first + numeric + FormatDnaLine(record, true)).first, LoadEnd::Complete);
-    EXPECT_EQ(FormatDnaFile(library, {2, 1, 3, 501, -1}, false),
-              numeric + first + "412,388,270,301,95,102,340,298,415,-502,J\xF6rg \x80,18,0,0,0\r\n");
+    EXPECT_EQ(Load(library, FormatDnaLine(record, false) + FormatDnaLine(record, true)).first, LoadEnd::Complete);
+    EXPECT_EQ(FormatDnaFile(library, {2, 1, 501, -1}, false), start + "0,0,0\r\n" + start + "1,0,2.5\r\n");
 }
