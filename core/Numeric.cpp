@@ -1,32 +1,12 @@
 #include "Numeric.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
 
 namespace quorvel {
-
-double RoundHalfEven(double x) {
-    // Adding and taking away 2^52 leaves no room for a fraction, so the sum is rounded to
-    // nearest with ties to even (the default mode, which the program never changes);
-    // std::round would take halves away from zero. Larger magnitudes are already whole.
-    constexpr double kNoFraction = 4503599627370496.0;
-    if (!(std::fabs(x) < kNoFraction))
-        return x;
-    const double magnitude = (std::fabs(x) + kNoFraction) - kNoFraction;
-    return std::copysign(magnitude, x);
-}
-
-double RoundHalfEven(double x, int decimals) {
-    // Powers of ten up to 10^22 are exact doubles; the table spares a pow call per value.
-    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    const double scale = decimals >= 0 && decimals <= 22 ? kPowers[decimals] : std::pow(10.0, decimals);
-    // The scaled double is rounded as it stands: 2.675 * 100 is 267.5 in doubles, which goes
-    // to the even 268, so 2.675 rounds to 2.68 like every other tie the scaling produces.
-    return RoundHalfEven(x * scale) / scale;
-}
 
 bool FitsInt16(double wholeNumber) {
     return wholeNumber >= -32768.0 && wholeNumber <= 32767.0;
@@ -52,7 +32,7 @@ float ToSingle(double x) {
 
 namespace {
 
-std::string FormatSignificant(double x, int digits) {
+std::string FormatSignificant(double x, int digits, double wholeLimit) {
     if (x == 0.0)
         return "0";
     if (std::isnan(x))
@@ -61,34 +41,41 @@ std::string FormatSignificant(double x, int digits) {
         return x > 0 ? "Inf" : "-Inf";
     // to_chars ignores the C locale, which a toolkit may have set to a comma separator.
     char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, x, std::chars_format::general, digits).ptr;
-    std::string text(buffer, end);
+    // Whole numbers with no more digits than allowed are written as plain digits, which is
+    // what the general format gives them, without its rounding work.
+    if (std::fabs(x) < wholeLimit) {
+        const auto whole = static_cast<long long>(x);
+        if (static_cast<double>(whole) == x)
+            return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, whole).ptr);
+    }
+    char *end = std::to_chars(buffer, buffer + sizeof buffer, x, std::chars_format::general, digits).ptr;
     // The general format keeps trailing zeros out but writes exponents as e+20 / e-05;
     // show them as 1E+20 and 1E-5.
-    const auto e = text.find('e');
-    if (e != std::string::npos) {
-        const std::string mantissa = text.substr(0, e);
-        const char sign = text[e + 1];
-        std::string exponent = text.substr(e + 2);
-        while (exponent.size() > 1 && exponent.front() == '0')
-            exponent.erase(0, 1);
-        text = mantissa + 'E' + sign + exponent;
+    char *e = std::find(buffer, end, 'e');
+    if (e != end) {
+        *e = 'E';
+        char *first = e + 2;
+        char *digit = first;
+        while (digit + 1 < end && *digit == '0')
+            ++digit;
+        end = std::copy(digit, end, first);
     }
-    return text;
+    return std::string(buffer, end);
 }
 
 } // namespace
 
 std::string FormatDouble(double x) {
-    return FormatSignificant(x, 15);
+    return FormatSignificant(x, 15, 1e15);
 }
 
 std::string FormatSingle(float x) {
-    return FormatSignificant(static_cast<double>(x), 7);
+    return FormatSignificant(static_cast<double>(x), 7, 1e7);
 }
 
 std::string FormatWhole(long long x) {
-    return std::to_string(x);
+    char buffer[24];
+    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, x).ptr);
 }
 
 std::string PadLoaderCell(const std::string &fieldText) {

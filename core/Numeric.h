@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -11,10 +12,27 @@
 namespace quorvel {
 
 // Nearest whole number, halves to even, as a double (no range check).
-double RoundHalfEven(double x);
+inline double RoundHalfEven(double x) {
+    // Adding and taking away 2^52 leaves no room for a fraction, so the sum is rounded to
+    // nearest with ties to even (the default mode, which the program never changes);
+    // std::round would take halves away from zero. Larger magnitudes are already whole.
+    constexpr double kNoFraction = 4503599627370496.0;
+    if (!(std::fabs(x) < kNoFraction))
+        return x;
+    const double magnitude = (std::fabs(x) + kNoFraction) - kNoFraction;
+    return std::copysign(magnitude, x);
+}
 
 // x scaled by 10^decimals, rounded half to even, scaled back.
-double RoundHalfEven(double x, int decimals);
+inline double RoundHalfEven(double x, int decimals) {
+    // Powers of ten up to 10^22 are exact doubles; the table spares a pow call per value.
+    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const double scale = decimals >= 0 && decimals <= 22 ? kPowers[decimals] : std::pow(10.0, decimals);
+    // The scaled double is rounded as it stands: 2.675 * 100 is 267.5 in doubles, which goes
+    // to the even 268, so 2.675 rounds to 2.68 like every other tie the scaling produces.
+    return RoundHalfEven(x * scale) / scale;
+}
 
 // True when a whole number fits a signed 16-bit field.
 bool FitsInt16(double wholeNumber);

@@ -25,14 +25,15 @@ float LevelArmor(float level0) {
 }
 
 // Folds one equation's P(L) into the result: level0 and the 2-decimal level come from the
-// equation that ran last; Old starts the text, New1 and New2 append to it.
-void AddEquation(CreatureLevel &result, LevelEquation equation, double level) {
+// equation that ran last.
+void AddEquation(CreatureLevelNumbers &result, LevelEquation equation, double level) {
     const double p = LevelPolynomial(equation, level);
+    const auto index = static_cast<std::size_t>(equation);
     result.level0 = static_cast<float>(RoundHalfEven(p, 0));
     result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
+    result.levels[index] = result.lastCreatureLevel;
+    result.ran[index] = true;
     result.anyRan = true;
-    const std::string value = FormatSingle(result.lastCreatureLevel);
-    result.text = equation == LevelEquation::Old ? value : result.text + " / " + value;
 }
 
 } // namespace
@@ -75,18 +76,21 @@ std::string AggroBonusText(double crg) {
 
 double LevelPolynomial(LevelEquation equation, double level) {
     const double squared = std::pow(level, 2);
+    // A whole L below 2^17 has an exact cube below 2^53, which is what std::pow gives too.
+    const bool exactCube = std::fabs(level) < 131072.0 && static_cast<double>(static_cast<int32_t>(level)) == level;
+    const double cubed = exactCube ? squared * level : std::pow(level, 3);
     switch (equation) {
     case LevelEquation::Old:
-        return (std::pow(level, 3) * -0.000001 + squared * 0.0011) - level * 0.0265 + 3.282;
+        return (cubed * -0.000001 + squared * 0.0011) - level * 0.0265 + 3.282;
     case LevelEquation::New1:
         return (squared * 0.0005 + level * 0.0709) - 0.3924;
     case LevelEquation::New2:
-        return (std::pow(level, 3) * -0.000001 + squared * 0.0011) - level * 0.0337 + 3.4125;
+        return (cubed * -0.000001 + squared * 0.0011) - level * 0.0337 + 3.4125;
     }
     return 0.0;
 }
 
-CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq) {
+CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq) {
     // The integer sums are formed in 64 bits: Power 1000 with the other values at several
     // hundred already leaves the 16-bit range the values are stored in.
     const auto at = [&v](Attribute a) { return static_cast<int64_t>(v[a]); };
@@ -101,13 +105,30 @@ CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source,
         return RoundHalfEven((power * 29.999 + static_cast<double>(sum)) / 100);
     };
 
-    CreatureLevel result;
+    CreatureLevelNumbers result;
     if (eq.Old)
         AddEquation(result, LevelEquation::Old, weightedLevel(oldSum));
     if (eq.New1)
         AddEquation(result, LevelEquation::New1, weightedLevel(new1Sum));
     if (eq.New2)
         AddEquation(result, LevelEquation::New2, RoundHalfEven((power * 29.459 + static_cast<double>(oldSum)) / 100));
+    return result;
+}
+
+CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq) {
+    const CreatureLevelNumbers numbers = PredictCreatureLevelNumbers(v, source, eq);
+    CreatureLevel result;
+    result.level0 = numbers.level0;
+    result.anyRan = numbers.anyRan;
+    result.lastCreatureLevel = numbers.lastCreatureLevel;
+    // Old starts the text, New1 and New2 append to it.
+    for (std::size_t i = 0; i < numbers.levels.size(); ++i) {
+        if (!numbers.ran[i])
+            continue;
+        if (i > 0)
+            result.text += " / ";
+        result.text += FormatSingle(numbers.levels[i]);
+    }
     return result;
 }
 

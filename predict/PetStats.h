@@ -23,6 +23,18 @@ struct CreatureLevel {
     float lastCreatureLevel = 0.0f;
 };
 
+// The numbers of the creature level, before any text.
+struct CreatureLevelNumbers {
+    std::array<float, 3> levels{}; // each equation's 2-decimal level, Old, New1, New2
+    std::array<bool, 3> ran{};
+    float level0 = 0.0f;
+    bool anyRan = false;
+    float lastCreatureLevel = 0.0f;
+};
+
+CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq);
+
+// The numbers and their text.
 CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq);
 
 // Label23 texts, index 0 Health .. 10 Level, "." as decimal separator.
@@ -45,8 +57,9 @@ enum StatLabel : int {
 
 enum class LevelEquation { Old, New1, New2 };
 
-// P(L) of one creature-level equation, term by term from left to right, the powers by std::pow
-// (exact for the whole-number L of the main window's prediction).
+// P(L) of one creature-level equation, term by term from left to right. The powers are exact
+// for whole-number L of moderate size (the main window's prediction) and come from std::pow
+// otherwise.
 double LevelPolynomial(LevelEquation equation, double level);
 
 struct PetPrediction {

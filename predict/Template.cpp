@@ -22,6 +22,7 @@ constexpr std::array<const char *, kAttributeCount> kShortLabels{
     "Hrd:", "Frt:", "Dex:", "End:", "Int:", "Clv:", "Dpn:", "Crg:", "Frc:", "Pwr:"};
 
 constexpr const char *kQualityWarning = "CL prediction won't be correct";
+constexpr const char *kPowerMinimumText = "113\r\n [Min val]";
 
 bool IsCategory(int category) {
     return category >= 0 && category < kCategoryCount;
@@ -48,9 +49,9 @@ void EvaluatePair(DnaTemplate &t, int category) {
     }
 }
 
-// Label14(10): the template quality is the mean of the slots' quality weights. A slot whose
-// quality is no table index makes the level prediction unreliable, so it shows the warning.
-std::string EvaluateQuality(DnaTemplate &t) {
+// The template quality is the mean of the slots' quality weights. A slot whose quality is no
+// table index makes the level prediction unreliable; false then.
+bool EvaluateQuality(DnaTemplate &t) {
     double quality = 0.0;
     bool allKnown = true;
     for (const TemplateSlot &slot : t.Slots) {
@@ -59,9 +60,16 @@ std::string EvaluateQuality(DnaTemplate &t) {
         quality += 0.2 * weight.value_or(0);
     }
     t.CurrentQuality = static_cast<float>(quality);
-    if (!allKnown || !(t.CurrentQuality <= 6.0f))
-        return kQualityWarning;
-    return QualityName(t.CurrentQuality).value_or("");
+    return allKnown && t.CurrentQuality <= 6.0f;
+}
+
+// "a/b%" of a pair.
+std::string PercentPairText(int current, int cap) {
+    std::string text = FormatWhole(current);
+    text += '/';
+    text += FormatWhole(cap);
+    text += '%';
+    return text;
 }
 
 } // namespace
@@ -125,21 +133,34 @@ int FirstFreeCategory(const DnaTemplate &t) {
     return -1;
 }
 
-TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
-    TemplateEvaluation result;
+TemplateNumbers EvaluateTemplateNumbers(DnaTemplate &t) {
+    TemplateNumbers numbers;
     for (int i = 0; i < kCategoryCount; ++i) {
         if (!t.Experimented[i])
             EvaluatePair(t, i);
     }
     // The percentages see Power before the minimum raises it.
     for (int i = 0; i < kCategoryCount; ++i) {
-        result.label42[i] = FormatWhole(PairPercent(t.Current[2 * i], t.Current[2 * i + 1])) + "/" +
-                            FormatWhole(PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1])) + "%";
+        numbers.currentPercents[i] = PairPercent(t.Current[2 * i], t.Current[2 * i + 1]);
+        numbers.capPercents[i] = PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1]);
     }
+    if (t.Current[Power] < 113) {
+        t.Current[Power] = 113;
+        numbers.powerRaised = true;
+    }
+    numbers.qualityKnown = EvaluateQuality(t);
+    return numbers;
+}
+
+TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
+    const TemplateNumbers numbers = EvaluateTemplateNumbers(t);
+    TemplateEvaluation result;
+    for (int i = 0; i < kCategoryCount; ++i)
+        result.label42[i] = PercentPairText(numbers.currentPercents[i], numbers.capPercents[i]);
     for (int a = 0; a < Power; ++a)
         result.label14[a] = ValueCapText(t.Current[a], t.Caps[a]);
-    result.label14[Power] = PowerCapText(t.Current[Power], t.Caps[Power]);
-    result.qualityText = EvaluateQuality(t);
+    result.label14[Power] = numbers.powerRaised ? kPowerMinimumText : ValueCapText(t.Current[Power], t.Caps[Power]);
+    result.qualityText = numbers.qualityKnown ? QualityName(t.CurrentQuality).value_or("") : kQualityWarning;
     return result;
 }
 
@@ -149,19 +170,26 @@ Value StartValue(Value cap) {
 }
 
 int PairPercent(Value a, Value b) {
-    const double sum = static_cast<double>(static_cast<int64_t>(a) + b);
-    return static_cast<int>(std::floor(sum / 2 / 10));
+    // Int((a + b) / 2 / 10) in doubles is the whole-number quotient of the sum by 20 rounded
+    // down: for sums of two 32-bit values no rounding of the quotient reaches a whole number.
+    const int64_t sum = static_cast<int64_t>(a) + b;
+    const int64_t quotient = sum / 20;
+    return static_cast<int>(sum % 20 < 0 ? quotient - 1 : quotient);
 }
 
 std::string ValueCapText(Value current, Value cap) {
-    return FormatWhole(current) + " [" + FormatWhole(cap) + "]";
+    std::string text = FormatWhole(current);
+    text += " [";
+    text += FormatWhole(cap);
+    text += ']';
+    return text;
 }
 
 std::string PowerCapText(Value &current, Value cap) {
     if (current >= 113)
         return ValueCapText(current, cap);
     current = 113;
-    return "113\r\n [Min val]";
+    return kPowerMinimumText;
 }
 
 } // namespace quorvel

@@ -56,8 +56,19 @@ struct TemplateEvaluation {
     std::string qualityText;             // Label14(10)
 };
 
+// The numbers of an evaluation, before any text.
+struct TemplateNumbers {
+    std::array<int, 5> currentPercents{}; // per pair, Power as it was before the minimum
+    std::array<int, 5> capPercents{};
+    bool powerRaised = false;  // Current Power was below 113 and now is 113
+    bool qualityKnown = false; // every slot's quality is a table index and the mean is at most 6
+};
+
 // Recomputes Caps and Current of the categories not experimented, raises Power to 113,
-// averages the qualities. The caller then predicts from t.Current.
+// averages the qualities into CurrentQuality.
+TemplateNumbers EvaluateTemplateNumbers(DnaTemplate &t);
+
+// EvaluateTemplateNumbers and the texts of its results. The caller then predicts from t.Current.
 TemplateEvaluation EvaluateTemplate(DnaTemplate &t);
 
 // The start-value rule: ((cap / 1000 + 0.15) * cap - 0.1) rounded half to even.
