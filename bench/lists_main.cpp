@@ -22,6 +22,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -33,9 +34,10 @@ void LoadThroughLoader(Form1 &form, const std::string &path) {
     form.Template().ClearTemplate(6);
     form.List().SetListSorting(false);
     std::ifstream in(path, std::ios::binary);
-    quorvel::LoadDnaStream(in, form.State().Library, [&form](int slot, const quorvel::RowCells &cells) {
-        form.List().SetRowCells(form.List().AddDnaRow(slot), cells);
-    });
+    std::vector<std::pair<int, quorvel::RowCells>> rows;
+    quorvel::LoadDnaStream(in, form.State().Library,
+                           [&rows](int slot, const quorvel::RowCells &cells) { rows.emplace_back(slot, cells); });
+    form.List().AppendDnaRows(rows);
 }
 
 void FillBare(QTreeWidget &view, const std::vector<QStringList> &rows) {

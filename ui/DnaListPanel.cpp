@@ -154,24 +154,29 @@ int DnaListPanel::RowSlot(int row) const {
 
 int DnaListPanel::AddDnaRow(int slot) {
     auto *item = new DnaListItem(QStringList{QString::number(slot)});
-    for (int c = 1; c < kListColumns; ++c)
-        item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     ListView1->addTopLevelItem(item);
     ResortIfOn();
     return ListView1->indexOfTopLevelItem(item) + 1;
 }
 
+void DnaListPanel::AppendDnaRows(const std::vector<std::pair<int, RowCells>> &rows) {
+    QList<QTreeWidgetItem *> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const auto &[slot, cells] : rows) {
+        QStringList texts;
+        texts.reserve(kListColumns);
+        texts << QString::number(slot);
+        for (int c = 1; c < kListColumns; ++c)
+            texts << ToQt(cells[static_cast<std::size_t>(c)]);
+        items << new DnaListItem(texts);
+    }
+    ListView1->addTopLevelItems(items);
+    ResortIfOn();
+}
+
 void DnaListPanel::SetDnaCell(int row, int column, const QString &text) {
     if (QTreeWidgetItem *item = ListView1->topLevelItem(row - 1))
         item->setText(column, text);
-}
-
-void DnaListPanel::SetRowCells(int row, const RowCells &cells) {
-    QTreeWidgetItem *item = ListView1->topLevelItem(row - 1);
-    if (!item)
-        return;
-    for (int c = 1; c < kListColumns; ++c)
-        item->setText(c, ToQt(cells[static_cast<std::size_t>(c)]));
 }
 
 void DnaListPanel::ClearDnaRows() {
@@ -198,12 +203,10 @@ void DnaListPanel::RebuildDnaList() {
     for (int slot = 1; slot <= state_.Library.Count; ++slot) {
         const RowCells cells = RebuildRowCells(state_.Library.Records[static_cast<std::size_t>(slot)], slot);
         QStringList texts;
+        texts.reserve(kListColumns);
         for (const auto &cell : cells)
             texts << ToQt(cell);
-        auto *item = new DnaListItem(texts);
-        for (int c = 1; c < kListColumns; ++c)
-            item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-        items << item;
+        items << new DnaListItem(texts);
     }
     ListView1->addTopLevelItems(items);
     ListView1->setUpdatesEnabled(true);

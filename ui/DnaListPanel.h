@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 class AppState;
 class DnaListView;
 class QLabel;
@@ -26,8 +29,9 @@ public:
 
     void RebuildDnaList();
     int AddDnaRow(int slot);
+    // Appends finished rows, slot and cells 1.. as the loader gives them, in one step.
+    void AppendDnaRows(const std::vector<std::pair<int, quorvel::RowCells>> &rows);
     void SetDnaCell(int row, int column, const QString &text);
-    void SetRowCells(int row, const quorvel::RowCells &cells);
     void ClearDnaRows();
     void SetListSorting(bool on);
     void SortDnaList(int column);

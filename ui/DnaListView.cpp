@@ -34,7 +34,17 @@ void DnaListView::startDrag(Qt::DropActions supportedActions) {
     QTreeWidget::startDrag(supportedActions);
 }
 
+QVariant DnaListItem::data(int column, int role) const {
+    const QVariant value = QTreeWidgetItem::data(column, role);
+    if (role == Qt::TextAlignmentRole && column >= 1 && !value.isValid())
+        return QVariant(static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
+    return value;
+}
+
 bool DnaListItem::operator<(const QTreeWidgetItem &other) const {
     const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
-    return text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
+    // The texts are read past the alignment default above, which sorting never needs.
+    const QString mine = QTreeWidgetItem::data(column, Qt::DisplayRole).toString();
+    const QString theirs = other.QTreeWidgetItem::data(column, Qt::DisplayRole).toString();
+    return QString::compare(mine, theirs, Qt::CaseInsensitive) < 0;
 }

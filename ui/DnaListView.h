@@ -23,9 +23,11 @@ protected:
 };
 
 // A row of the DNA list; rows compare their texts as text, ignoring letter case, so that
-// the blanks in front of numbers give numeric order.
+// the blanks in front of numbers give numeric order. Every column but "#" is right-aligned
+// unless a cell is given its own alignment.
 class DnaListItem : public QTreeWidgetItem {
 public:
     using QTreeWidgetItem::QTreeWidgetItem;
+    QVariant data(int column, int role) const override;
     bool operator<(const QTreeWidgetItem &other) const override;
 };

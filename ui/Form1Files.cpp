@@ -10,6 +10,8 @@
 #include <QFileInfo>
 
 #include <fstream>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -48,10 +50,12 @@ void Form1::LoadDnaFile(bool replace, bool useLastFile) {
         state_.Library.ClearLibrary();
         list_->ClearDnaRows();
     }
-    const quorvel::LoadEnd end =
-        quorvel::LoadDnaStream(in, state_.Library, [this](int slot, const quorvel::RowCells &cells) {
-            list_->SetRowCells(list_->AddDnaRow(slot), cells);
-        });
+    // The rows go into the list together once the reader stops; those read before a bad line
+    // stay, like the records.
+    std::vector<std::pair<int, quorvel::RowCells>> rows;
+    const quorvel::LoadEnd end = quorvel::LoadDnaStream(
+        in, state_.Library, [&rows](int slot, const quorvel::RowCells &cells) { rows.emplace_back(slot, cells); });
+    list_->AppendDnaRows(rows);
     if (end == quorvel::LoadEnd::Complete)
         ShowFileCaption();
     else
