@@ -26,6 +26,11 @@ private slots:
         QTest::newRow("binary noise") << WriteDnaFile(u"noise.txt"_s, {QString::fromLatin1(noise)}) << 2 << 0 << false;
         QTest::newRow("100 000-char line")
             << WriteDnaFile(u"long.txt"_s, {kGood, QString(100000, u'x')}) << 2 << 1 << false;
+        QTest::newRow("10 000 lines") << WriteDnaFile(u"many.txt"_s, QStringList(10000, kGood)) << 2 << 498 << false;
+        const QString bare = TempFolder() + u"/bare.txt"_s;
+        if (QFile file(bare); file.open(QIODevice::WriteOnly))
+            file.write(kGood.toLatin1());
+        QTest::newRow("no final line end") << bare << 2 << 1 << true;
         QTest::newRow("lone CR") << WriteDnaFile(u"cr.txt"_s, {kGood + u'\r' + kGood}) << 2 << 2 << true;
         // Named by the settings file's Load entry and read at start-up, before anything else.
         QTest::newRow("vanished file") << TempFolder() + u"/gone.txt"_s << 0 << 0 << false;
@@ -50,7 +55,9 @@ private slots:
         }
         QCOMPARE(RowCount(list), kept + added);
         QCOMPARE(form->windowTitle().endsWith(u"[%1]"_s.arg(path)), complete);
-        // Reading goes on afterwards with the next row number.
+        // Reading goes on afterwards with the next row number, while there is room.
+        if (kept + added == 500)
+            return;
         AnswerFileDialog(WriteDnaFile(u"later.txt"_s, {kGood}));
         ToolbarAction(form.get(), u"Append DNA"_s)->trigger();
         QCOMPARE(Cell(list, kept + added + 1, 0), QString::number(kept + added + 1));
