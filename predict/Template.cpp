@@ -33,7 +33,7 @@ void ClearFlags(DnaTemplate &t) {
 }
 
 void EmptySlot(TemplateSlot &slot) {
-    slot.Name = "-";
+    slot.Name.assign(1, '-');
     slot.Attributes.fill(0);
     slot.Quality = 0.0f;
 }
@@ -104,7 +104,7 @@ void ClearCategory(DnaTemplate &t, int category) {
     ClearFlags(t);
     EmptySlot(t.Slots[category]);
     t.Current.fill(0);
-    t.CurrentName = "-";
+    t.CurrentName.assign(1, '-');
     t.CurrentQuality = 0.0f;
 }
 
