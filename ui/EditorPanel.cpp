@@ -1,6 +1,7 @@
 #include "EditorPanel.h"
 
 #include "AppState.h"
+#include "Captions.h"
 #include "DnaListPanel.h"
 #include "EntryBox.h"
 #include "Numeric.h"
@@ -27,9 +28,6 @@ using namespace quorvel;
 
 namespace {
 
-constexpr std::array<const char *, 12> kBoxTitles{
-    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
-    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
 constexpr int kRowTop = 150;
 constexpr int kRowPitch = 255;
 constexpr int kBoxHeight = 240;
@@ -76,11 +74,10 @@ void EditorPanel::BuildControls() {
         const int row = i < 10 ? i % 5 : i - 10;
         const int titleLeft = column == 0 ? 150 : column == 1 ? 1920 : 3990;
         const int titleWidth = column == 0 ? 1000 : column == 1 ? 1290 : 570;
-        MakeLabel(Picture4, QString(), QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]), titleLeft,
-                  RowTop(row), titleWidth, kBoxHeight);
+        MakeLabel(Picture4, QString(), SampleBoxCaption(i), titleLeft, RowTop(row), titleWidth, kBoxHeight);
         auto *box = new QLineEdit(i == 10 ? QString() : QStringLiteral("0"), Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
-        box->setAccessibleName(QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]).chopped(1));
+        box->setAccessibleName(SampleBoxCaption(i).chopped(1));
         PlaceTwips(box, titleLeft + titleWidth, RowTop(row), i == 10 ? 1650 : 690, kBoxHeight);
         Text1[static_cast<std::size_t>(i)] = box;
     }

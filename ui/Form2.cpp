@@ -1,5 +1,6 @@
 #include "Form2.h"
 
+#include "Captions.h"
 #include "DnaListPanel.h"
 #include "DnaListView.h"
 #include "EntryBox.h"
@@ -18,9 +19,6 @@
 
 namespace {
 
-constexpr std::array<const char *, 12> kBoxTitles{
-    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
-    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
 constexpr std::array<const char *, 11> kStatTitles{
     "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
     "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
@@ -75,7 +73,7 @@ void Form2::BuildInputs() {
     PlaceTwips(Picture4, 0, 0, kInputsWidth, kPanelHeight);
 
     for (int i = 0; i < 12; ++i) {
-        const QString title = QString::fromLatin1(kBoxTitles[static_cast<std::size_t>(i)]);
+        const QString title = SampleBoxCaption(i);
         MakeLabel(Picture4, QString(), title, kTitleLeft, RowTop(i), kBoxLeft - kTitleLeft, kRowHeight);
         auto *box = new TypedBox(Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));

@@ -1,5 +1,6 @@
 #include "Form5.h"
 
+#include "Captions.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -10,9 +11,6 @@
 
 namespace {
 
-constexpr std::array<const char *, 10> kValueTitles{
-    "Hardiness:",  "Fortitude:",     "Dexterity:", "Endurance:",  "Intellect:",
-    "Cleverness:", "Dependability:", "Courage:",   "Fierceness:", "Power:"};
 constexpr std::array<const char *, 5> kRowTitles{
     "Experimental Physique:", "Experimental Prowess:", "Experimental Mental:", "Experimental Psychology:",
     "Experimental Aggressiveness:"};
@@ -62,8 +60,7 @@ void Form5::BuildValuesPanel() {
         const int titleWidth = right ? 1080 : 900;
         const int top = 90 + row * 255;
         if (a < 10)
-            MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]), left, top,
-                      titleWidth, 255);
+            MakeLabel(Picture2, QString(), SampleBoxCaption(a), left, top, titleWidth, 255);
         QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),
                                   left + titleWidth, top, 960, a == 9 ? 510 : 255);
         value->setAlignment(Qt::AlignLeft | Qt::AlignTop);

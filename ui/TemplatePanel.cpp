@@ -1,6 +1,7 @@
 #include "TemplatePanel.h"
 
 #include "AppState.h"
+#include "Captions.h"
 #include "PredictionPanel.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -19,9 +20,6 @@ constexpr std::array<const char *, 5> kCategoryTitles{
     "Physique:", "Prowess:", "Mental:", "Psychology:", "Aggressiveness:"};
 constexpr std::array<std::pair<int, int>, 5> kListPlaces{
     {{120, 960}, {2160, 960}, {120, 2400}, {2160, 2400}, {120, 3840}}};
-constexpr std::array<const char *, 11> kValueTitles{
-    "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
-    "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Quality:"};
 constexpr int kListWidth = 1935;
 constexpr int kFoldedList = 225;
 constexpr int kUnfoldedList = 1200;
@@ -159,7 +157,7 @@ void TemplatePanel::BuildValuesPanel(QWidget *central) {
         const int valueLeft = right ? 2985 : 990;
         const int top = 60 + row * pitch;
         const int width = (right || a == 10 ? 3930 : 1905) - valueLeft;
-        QLabel *caption = MakeLabel(Picture2, QString(), QString::fromLatin1(kValueTitles[static_cast<std::size_t>(a)]),
+        QLabel *caption = MakeLabel(Picture2, QString(), (a < 10 ? SampleBoxCaption(a) : QStringLiteral("Quality:")),
                                     captionLeft, top, valueLeft - captionLeft, pitch);
         caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),

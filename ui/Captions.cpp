@@ -1,0 +1,10 @@
+#include "Captions.h"
+
+#include <array>
+
+QString SampleBoxCaption(int index) {
+    static constexpr std::array<const char *, 12> captions{
+        "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
+        "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
+    return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
+}
