@@ -30,15 +30,15 @@ struct BoxPlace {
 };
 
 constexpr std::array<BoxPlace, 9> kBoxes{
-    {{"Minimize when I open the Exp./Add DNA window", kBoxLeft, 120, kBoxWidth},
-     {"Use Always on top as default", kBoxLeft, 420, kBoxWidth},
-     {"LostFocus edit function on by default", kBoxLeft, 720, kBoxWidth},
-     {"Load last used DNA file when I start the Quorvel", kBoxLeft, 1110, kBoxWidth},
-     {"Remember column width", kBoxLeft, 1410, kBoxWidth},
-     {"Remember window size and position", kBoxLeft, 1710, kBoxWidth},
-     {"Old", kBoxLeft, 2580, 1320},
-     {"New 1", 1560, 2580, 1320},
-     {"New 2", 3000, 2580, 1320}}};
+    {{"Minimize when I open the Exp./Add DNA window", kBoxLeft, 90, kBoxWidth},
+     {"Use Always on top as default", kBoxLeft, 360, kBoxWidth},
+     {"LostFocus edit function on by default", kBoxLeft, 630, kBoxWidth},
+     {"Load last used DNA file when I start the Quorvel", kBoxLeft, 990, kBoxWidth},
+     {"Remember column width", kBoxLeft, 1260, kBoxWidth},
+     {"Remember window size and position", kBoxLeft, 1530, kBoxWidth},
+     {"Old", kBoxLeft, 2535, 1320},
+     {"New 1", 1560, 2535, 1320},
+     {"New 2", 3000, 2535, 1320}}};
 
 void MakeLine(QWidget *parent, const QString &name, int top) {
     auto *line = new QFrame(parent);
@@ -68,15 +68,15 @@ void Form3::BuildControls() {
         Check1[i]->setObjectName(QStringLiteral("Check1_%1").arg(i));
         PlaceTwips(Check1[i], place.left, place.top, place.width, kRowHeight);
     }
-    MakeLine(picture1, QStringLiteral("Line1"), 1035);
-    MakeLine(picture1, QStringLiteral("Line2"), 2025);
-    MakeLine(picture1, QStringLiteral("Line3"), 2895);
+    MakeLine(picture1, QStringLiteral("Line1"), 915);
+    MakeLine(picture1, QStringLiteral("Line2"), 1815);
+    MakeLine(picture1, QStringLiteral("Line3"), 2850);
 
     QLabel *label1 =
         MakeLabel(picture1, QStringLiteral("Label1"),
                   QStringLiteral("Halvik has made 3 different equations for CL prediction. Which one(s) do "
                                  "you want the tool to display?"),
-                  kBoxLeft, 2100, kBoxWidth, 450);
+                  kBoxLeft, 1875, kBoxWidth, 630);
     label1->setWordWrap(true);
 
     MakeLabel(picture1, QStringLiteral("Label2"), QStringLiteral("Exp points:"), kBoxLeft, 2985, 1080, kRowHeight);
