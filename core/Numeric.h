@@ -55,6 +55,11 @@ std::string FormatSingle(float x);
 // A whole number as plain digits with a leading minus when negative.
 std::string FormatWhole(long long x);
 
+// The texts above added to the end of `text`, with no string of their own in between.
+void AppendDouble(std::string &text, double x);
+void AppendSingle(std::string &text, float x);
+void AppendWhole(std::string &text, long long x);
+
 // Cell texts of the DNA list.
 // The loader's attribute cell: the field as read, blanks in front up to 5 characters.
 std::string PadLoaderCell(const std::string &fieldText);

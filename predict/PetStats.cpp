@@ -15,7 +15,10 @@ std::string Rounded(double x, int decimals) {
 }
 
 std::string Percent(double x) {
-    return Rounded(x, 2) + "%";
+    std::string text;
+    AppendDouble(text, RoundHalfEven(x, 2));
+    text += '%';
+    return text;
 }
 
 // The level armor of a whole-number level, in single precision; levels below 16 give none.
@@ -59,7 +62,11 @@ std::string CriticalSaveText(double dpn) {
 }
 
 std::string DamageText(double pwr) {
-    return Rounded(pwr * 0.204 - 14.5, 0) + " - " + Rounded(pwr * 0.603 + 60, 0);
+    std::string text;
+    AppendDouble(text, RoundHalfEven(pwr * 0.204 - 14.5, 0));
+    text += " - ";
+    AppendDouble(text, RoundHalfEven(pwr * 0.603 + 60, 0));
+    return text;
 }
 
 std::string ToHitText(double clv) {
@@ -122,12 +129,13 @@ CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source,
     result.anyRan = numbers.anyRan;
     result.lastCreatureLevel = numbers.lastCreatureLevel;
     // Old starts the text, New1 and New2 append to it.
+    result.text.reserve(32);
     for (std::size_t i = 0; i < numbers.levels.size(); ++i) {
         if (!numbers.ran[i])
             continue;
         if (i > 0)
             result.text += " / ";
-        result.text += FormatSingle(numbers.levels[i]);
+        AppendSingle(result.text, numbers.levels[i]);
     }
     return result;
 }
@@ -141,7 +149,10 @@ PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, Leve
     labels[RegenLabel] = RegenText(at(Dependability), at(Endurance));
     if (source == PredictionSource::Template) {
         const double tenths = std::floor((at(Dependability) / 70 + at(Endurance) / 14) * 10);
-        labels[RegenLabel] += " (" + FormatDouble(tenths) + ")";
+        std::string &regen = labels[RegenLabel];
+        regen += " (";
+        AppendDouble(regen, tenths);
+        regen += ')';
     }
     labels[StateResistLabel] = StateResistText(at(Intellect), at(Hardiness));
     labels[DefenseLabel] = DefenseText(at(Dexterity), at(Intellect));
@@ -154,7 +165,11 @@ PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, Leve
     result.level = PredictCreatureLevel(v, source, eq);
     labels[LevelLabel] = result.level.text;
     const int64_t armor = 6 * static_cast<int64_t>(v[Fortitude]);
-    labels[ArmorLabel] = FormatWhole(armor) + " [" + FormatSingle(LevelArmor(result.level.level0)) + "]";
+    std::string &armorText = labels[ArmorLabel];
+    AppendWhole(armorText, armor);
+    armorText += " [";
+    AppendSingle(armorText, LevelArmor(result.level.level0));
+    armorText += ']';
     return result;
 }
 

@@ -3,8 +3,11 @@
 #include "Numeric.h"
 #include "ReferenceTables.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <string_view>
 
 namespace quorvel {
 
@@ -63,13 +66,15 @@ bool EvaluateQuality(DnaTemplate &t) {
     return allKnown && t.CurrentQuality <= 6.0f;
 }
 
-// "a/b%" of a pair.
-std::string PercentPairText(int current, int cap) {
-    std::string text = FormatWhole(current);
-    text += '/';
-    text += FormatWhole(cap);
-    text += '%';
-    return text;
+// Two whole numbers with the text around them, written over `text` in one piece:
+// "60/70%" for a pair's percentages, "595 [700]" for a value and its cap.
+void PutNumberPair(std::string &text, int first, std::string_view between, int second, char last) {
+    char buffer[32]; // two 32-bit numbers of at most 11 characters and at most 3 more
+    char *end = std::to_chars(buffer, buffer + 11, first).ptr;
+    end = std::copy(between.begin(), between.end(), end);
+    end = std::to_chars(end, end + 11, second).ptr;
+    *end++ = last;
+    text.assign(buffer, static_cast<std::size_t>(end - buffer));
 }
 
 } // namespace
@@ -91,8 +96,13 @@ CategoryView PutDnaInTemplate(DnaTemplate &t, int category, const DnaRecord &rec
         const Value second = slot.Attributes[2 * p + 1];
         const double weight = CategoryWeights[category][p];
         view.contributions[p] = FormatDouble(std::floor(weight * second + weight * first));
-        view.lines[p + 1] =
-            kShortLabels[2 * p] + FormatWhole(first) + "  |  " + kShortLabels[2 * p + 1] + FormatWhole(second);
+        std::string &line = view.lines[p + 1];
+        line.reserve(32);
+        line += kShortLabels[2 * p];
+        AppendWhole(line, first);
+        line += "  |  ";
+        line += kShortLabels[2 * p + 1];
+        AppendWhole(line, second);
     }
     view.selectedLine = category + 1;
     return view;
@@ -156,10 +166,11 @@ TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
     const TemplateNumbers numbers = EvaluateTemplateNumbers(t);
     TemplateEvaluation result;
     for (int i = 0; i < kCategoryCount; ++i)
-        result.label42[i] = PercentPairText(numbers.currentPercents[i], numbers.capPercents[i]);
-    for (int a = 0; a < Power; ++a)
-        result.label14[a] = ValueCapText(t.Current[a], t.Caps[a]);
-    result.label14[Power] = numbers.powerRaised ? kPowerMinimumText : ValueCapText(t.Current[Power], t.Caps[Power]);
+        PutNumberPair(result.label42[i], numbers.currentPercents[i], "/", numbers.capPercents[i], '%');
+    for (int a = 0; a < kAttributeCount; ++a)
+        PutNumberPair(result.label14[a], t.Current[a], " [", t.Caps[a], ']');
+    if (numbers.powerRaised)
+        result.label14[Power] = kPowerMinimumText;
     result.qualityText = numbers.qualityKnown ? QualityName(t.CurrentQuality).value_or("") : kQualityWarning;
     return result;
 }
@@ -178,10 +189,8 @@ int PairPercent(Value a, Value b) {
 }
 
 std::string ValueCapText(Value current, Value cap) {
-    std::string text = FormatWhole(current);
-    text += " [";
-    text += FormatWhole(cap);
-    text += ']';
+    std::string text;
+    PutNumberPair(text, current, " [", cap, ']');
     return text;
 }
 

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace quorvel {
 
@@ -54,8 +56,12 @@ TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
         wholeLevel = ToInt16(p);
         result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
         result.anyRan = true;
-        const std::string value = FormatSingle(result.lastCreatureLevel);
-        text = equation == LevelEquation::Old ? value : text + "\r\n" + value;
+        // Old starts the text; New1 and New2 go on a line of their own.
+        if (equation == LevelEquation::Old)
+            text.clear();
+        else
+            text += "\r\n";
+        AppendSingle(text, result.lastCreatureLevel);
     };
     if (eq.Old)
         run(LevelEquation::Old, WeightedSum(v, 1, 30));
@@ -64,7 +70,7 @@ TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
     if (eq.New2)
         run(LevelEquation::New2, WeightedSum(v, 1, 29.459));
 
-    labels[LevelLabel] = text;
+    labels[LevelLabel] = std::move(text);
     labels[ArmorLabel] = FormatDouble(std::floor(v[1] * 6)) + LevelArmorBracket(wholeLevel);
     return result;
 }

@@ -6,6 +6,9 @@
 #include <clocale>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <random>
+#include <string>
 
 using namespace quorvel;
 
@@ -30,4 +33,29 @@ TEST(Numeric, NumbersFormatWithADotWhateverTheLocale) {
     EXPECT_EQ(FormatSingle(2.5f) + " " + FormatSingle(-0.0f) + " " + FormatSingle(1e7f) + " " + FormatDouble(0.1 + 0.2),
               "2.5 0 1E+7 0.3");
     std::setlocale(LC_NUMERIC, "C");
+}
+
+// The printf general format is the reference: random values of many sizes, two- and
+// three-decimal values, rounding results and values right around where exponents start.
+TEST(Numeric, FormattingMatchesTheGeneralFormatOverManyValues) {
+    const auto general = [](double x, int digits) {
+        char text[64];
+        std::string s(text, static_cast<std::size_t>(std::snprintf(text, sizeof text, "%.*G", digits, x)));
+        for (std::size_t e = s.find('E'); e != std::string::npos && s.size() > e + 3 && s[e + 2] == '0';)
+            s.erase(e + 2, 1);
+        return s;
+    };
+    std::mt19937_64 generator(2024);
+    std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
+    const double edges[] = {1e-4, 1e7, 1e15};
+    for (int k = 1; k <= 40000; ++k) {
+        const double random = mantissa(generator) * std::pow(10.0, k % 24 - 7);
+        const double edge = edges[k % 3] * (1 + (k % 2001 - 1000) * 1e-16) * (k % 2 ? 1 : -1);
+        for (double x : {random, k / -100.0, k / 1000.0, k * 250.5, RoundHalfEven(random, 2), edge}) {
+            if (x == 0.0)
+                continue;
+            ASSERT_EQ(FormatDouble(x), general(x, 15)) << x;
+            ASSERT_EQ(FormatSingle(static_cast<float>(x)), general(static_cast<float>(x), 7)) << x;
+        }
+    }
 }
