@@ -13,9 +13,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPushButton>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QToolBar>
@@ -24,33 +24,28 @@
 
 namespace testsupport {
 
-QString SettingsPath()
-{
+QString SettingsPath() {
     return QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel.cfg");
 }
 
-void RemoveSettingsFile()
-{
+void RemoveSettingsFile() {
     QFile::remove(SettingsPath());
 }
 
-void WriteSettingsFile(const QByteArray &content)
-{
+void WriteSettingsFile(const QByteArray &content) {
     QFile file(SettingsPath());
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(content);
 }
 
-QByteArray ReadFileBytes(const QString &path)
-{
+QByteArray ReadFileBytes(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
 }
 
-std::unique_ptr<Form1> MakeForm1()
-{
+std::unique_ptr<Form1> MakeForm1() {
     auto form = std::make_unique<Form1>();
     form->show();
     if (!QTest::qWaitForWindowExposed(form.get()))
@@ -58,8 +53,7 @@ std::unique_ptr<Form1> MakeForm1()
     return form;
 }
 
-QAction *ToolbarAction(QWidget *form1, const QString &caption)
-{
+QAction *ToolbarAction(QWidget *form1, const QString &caption) {
     auto *toolbar = form1->findChild<QToolBar *>(QStringLiteral("Toolbar1"));
     if (!toolbar)
         return nullptr;
@@ -70,14 +64,12 @@ QAction *ToolbarAction(QWidget *form1, const QString &caption)
     return nullptr;
 }
 
-QString TempFolder()
-{
+QString TempFolder() {
     static QTemporaryDir dir;
     return dir.path();
 }
 
-QString WriteDnaFile(const QString &name, const QStringList &lines)
-{
+QString WriteDnaFile(const QString &name, const QStringList &lines) {
     const QString path = TempFolder() + QLatin1Char('/') + name;
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
@@ -87,8 +79,7 @@ QString WriteDnaFile(const QString &name, const QStringList &lines)
     return path;
 }
 
-void AnswerFileDialog(const QString &path)
-{
+void AnswerFileDialog(const QString &path) {
     QTimer::singleShot(50, [path] {
         QFileDialog *dialog = nullptr;
         for (QWidget *w : QApplication::topLevelWidgets()) {
@@ -109,8 +100,7 @@ void AnswerFileDialog(const QString &path)
     });
 }
 
-void AnswerMessageBox(int standardButton, QString *seenTitle, QString *seenText)
-{
+void AnswerMessageBox(int standardButton, QString *seenTitle, QString *seenText) {
     QTimer::singleShot(50, [=] {
         QMessageBox *box = nullptr;
         for (QWidget *w : QApplication::topLevelWidgets()) {
@@ -132,8 +122,7 @@ void AnswerMessageBox(int standardButton, QString *seenTitle, QString *seenText)
 
 namespace {
 
-QPoint RowCentre(QAbstractItemView *view, int row)
-{
+QPoint RowCentre(QAbstractItemView *view, int row) {
     const QModelIndex index = view->model()->index(row - 1, 1);
     view->scrollTo(index);
     return view->visualRect(index).center();
@@ -141,32 +130,27 @@ QPoint RowCentre(QAbstractItemView *view, int row)
 
 } // namespace
 
-void ClickRow(QAbstractItemView *view, int row, Qt::MouseButton button)
-{
+void ClickRow(QAbstractItemView *view, int row, Qt::MouseButton button) {
     QTest::mouseClick(view->viewport(), button, Qt::NoModifier, RowCentre(view, row));
 }
 
-void DoubleClickRow(QAbstractItemView *view, int row)
-{
+void DoubleClickRow(QAbstractItemView *view, int row) {
     const QPoint at = RowCentre(view, row);
     QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, at);
 }
 
-void ClickHeader(QTreeView *view, int column)
-{
+void ClickHeader(QTreeView *view, int column) {
     QHeaderView *header = view->header();
     const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
     QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(x, header->height() / 2));
 }
 
-void ClickWidget(QWidget *widget)
-{
+void ClickWidget(QWidget *widget) {
     QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
 }
 
-bool DropOn(QWidget *target)
-{
+bool DropOn(QWidget *target) {
     QMimeData data;
     const QPoint at = target->rect().center();
     QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -178,24 +162,20 @@ bool DropOn(QWidget *target)
     return enter.isAccepted() && drop.isAccepted();
 }
 
-QString Cell(QAbstractItemView *view, int row, int column)
-{
+QString Cell(QAbstractItemView *view, int row, int column) {
     return view->model()->index(row - 1, column).data(Qt::DisplayRole).toString();
 }
 
-int RowCount(QAbstractItemView *view)
-{
+int RowCount(QAbstractItemView *view) {
     return view->model()->rowCount();
 }
 
-void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName)
-{
+void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName) {
     AnswerFileDialog(WriteDnaFile(fileName, lines));
     ToolbarAction(form, QStringLiteral("Load"))->trigger();
 }
 
-void SendToCategory(Form1 *form, int row, int category)
-{
+void SendToCategory(Form1 *form, int row, int category) {
     static const std::array<const char *, 5> entries{"m_phys", "m_prow", "m_ment", "m_psych", "m_aggro"};
     ClickRow(form->findChild<QAbstractItemView *>(QStringLiteral("ListView1")), row, Qt::RightButton);
     auto *menu = form->findChild<QMenu *>(QStringLiteral("m_test"));
@@ -205,8 +185,7 @@ void SendToCategory(Form1 *form, int row, int category)
     menu->hide();
 }
 
-QString TextOf(QWidget *window, const QString &name)
-{
+QString TextOf(QWidget *window, const QString &name) {
     QWidget *w = window->findChild<QWidget *>(name);
     if (auto *label = qobject_cast<QLabel *>(w))
         return label->text();
@@ -218,8 +197,7 @@ QString TextOf(QWidget *window, const QString &name)
     return {};
 }
 
-QWidget *TopLevel(const QString &name)
-{
+QWidget *TopLevel(const QString &name) {
     for (QWidget *w : QApplication::topLevelWidgets()) {
         if (w->objectName() == name && w->isVisible())
             return w;
@@ -227,8 +205,7 @@ QWidget *TopLevel(const QString &name)
     return nullptr;
 }
 
-void CloseAllWindows()
-{
+void CloseAllWindows() {
     for (QWidget *w : QApplication::topLevelWidgets()) {
         if (w->isVisible() && w->objectName() != QLatin1String("Form1"))
             w->close();
@@ -236,14 +213,12 @@ void CloseAllWindows()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void WindowTest::init()
-{
+void WindowTest::init() {
     QLocale::setDefault(QLocale::c());
     RemoveSettingsFile();
 }
 
-void WindowTest::cleanup()
-{
+void WindowTest::cleanup() {
     CloseAllWindows();
     RemoveSettingsFile();
     QLocale::setDefault(QLocale::c());

@@ -27,8 +27,7 @@ QByteArray ReadFileBytes(const QString &path);
 std::unique_ptr<Form1> MakeForm1();
 
 // A control of a window by objectName; the test fails when it is missing.
-template <typename T> T *Find(QWidget *window, const QString &name)
-{
+template <typename T> T *Find(QWidget *window, const QString &name) {
     T *child = window->findChild<T *>(name);
     if (!child)
         qWarning("control %s not found", qPrintable(name));
