@@ -40,6 +40,16 @@ constexpr std::array<BoxPlace, 9> kBoxes{
      {"New 1", 1560, 2535, 1320},
      {"New 2", 3000, 2535, 1320}}};
 
+// A click anywhere on a box toggles it, not only on its mark and caption: the short "Old"
+// caption leaves most of its box empty.
+class WholeCheckBox : public QCheckBox {
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    bool hitButton(const QPoint &pos) const override { return rect().contains(pos); }
+};
+
 void MakeLine(QWidget *parent, const QString &name, int top) {
     auto *line = new QFrame(parent);
     line->setObjectName(name);
@@ -64,7 +74,7 @@ void Form3::BuildControls() {
 
     for (std::size_t i = 0; i < kBoxes.size(); ++i) {
         const BoxPlace &place = kBoxes[i];
-        Check1[i] = new QCheckBox(QString::fromLatin1(place.caption), picture1);
+        Check1[i] = new WholeCheckBox(QString::fromLatin1(place.caption), picture1);
         Check1[i]->setObjectName(QStringLiteral("Check1_%1").arg(i));
         PlaceTwips(Check1[i], place.left, place.top, place.width, kRowHeight);
     }

@@ -20,9 +20,9 @@ class TestForm3 : public WindowTest {
         return TopLevel(QStringLiteral("Form3"));
     }
 
-    // Ticks boxes 0, 1 and 7, moves the points up a page and a step, and presses a button.
+    // Ticks boxes 0, 1, 6 and 7 (clicks in their middle), moves the points up a page and a step, and presses a button.
     static void ChangeAndPress(QWidget *form3, const char *button) {
-        for (int i : {0, 1, 7})
+        for (int i : {0, 1, 6, 7})
             ClickWidget(Box(form3, i));
         Scroll(form3)->triggerAction(QAbstractSlider::SliderPageStepAdd);
         Scroll(form3)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
@@ -50,7 +50,7 @@ private slots:
         QVERIFY(form->State().Settings.Options == quorvel::Settings().Options && form->State().Settings.ExpPoints == 1);
         ChangeAndPress(OpenOptions(form.get()), "Command4");
         form->close();
-        QCOMPARE(ReadFileBytes(SettingsPath()), QByteArray("Min\r\nOnTop\r\nNew1\r\nExp\r\n 5 \r\n"));
+        QCOMPARE(ReadFileBytes(SettingsPath()), QByteArray("Min\r\nOnTop\r\nOld\r\nNew1\r\nExp\r\n 5 \r\n"));
     }
 };
 
