@@ -14,6 +14,7 @@
 #include "WindowUtil.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -279,8 +280,11 @@ void Form1::SecondaryWindowClosed() {
     list_->ListView1->setFocus();
     // Normal again whatever the state was; a main window that is itself closing is not shown again.
     setWindowState(Qt::WindowNoState);
-    if (isVisible())
+    // The list has the focus at once, not only when the window system confirms the activation.
+    if (isVisible()) {
         activateWindow();
+        QApplication::setActiveWindow(this);
+    }
 }
 
 void Form1::ShowAbout() {
