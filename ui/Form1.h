@@ -31,8 +31,6 @@ public:
     AppState &State() { return state_; }
     DnaListPanel &List() { return *list_; }
     TemplatePanel &Template() { return *template_; }
-    PredictionPanel &Prediction() { return *prediction_; }
-    EditorPanel &Editor() { return *editor_; }
 
     // The options the Add DNA and experimentation windows follow as they open: the main
     // window minimised, the window always on top (its check box set).
