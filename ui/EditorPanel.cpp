@@ -48,9 +48,7 @@ EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
     Picture4->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture4, 4200, 7920, 8055, 1455);
 
-    Label41 = new ClickLabel(QStringLiteral("^"), Picture4);
-    Label41->setObjectName(QStringLiteral("Label41"));
-    PlaceTwips(Label41, 0, 0, 135, 135);
+    Label41 = MakeFoldLabel(Picture4, QStringLiteral("Label41"));
 
     BuildControls();
 

@@ -20,9 +20,7 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Picture3->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture3, 120, 6960, 3975, 2415);
 
-    Label4 = new ClickLabel(QStringLiteral("^"), Picture3);
-    Label4->setObjectName(QStringLiteral("Label4"));
-    PlaceTwips(Label4, 0, 0, 135, 135);
+    Label4 = MakeFoldLabel(Picture3, QStringLiteral("Label4"));
 
     Label3 = MakeLabel(Picture3, QStringLiteral("Label3"),
                        QStringLiteral("Drop your DNA Template here to predict a pet"), 180, 45, 3660, 420);

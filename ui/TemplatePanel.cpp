@@ -138,9 +138,7 @@ void TemplatePanel::BuildValuesPanel(QWidget *central) {
     Picture2->setFocusPolicy(Qt::StrongFocus);
     PlaceTwips(Picture2, 120, 5160, 3975, 1695);
 
-    Label1 = new ClickLabel(QStringLiteral("^"), Picture2);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    PlaceTwips(Label1, 0, 0, 135, 135);
+    Label1 = MakeFoldLabel(Picture2, QStringLiteral("Label1"));
 
     // Two columns of caption and value, a point smaller than the window's font so that
     // "Dependability:" and "1150 [1000]" fit side by side: Hardiness..Cleverness on the left,

@@ -1,5 +1,7 @@
 #include "Widgets.h"
 
+#include "Twips.h"
+
 #include <QAbstractScrollArea>
 #include <QDragEnterEvent>
 #include <QFrame>
@@ -64,6 +66,13 @@ void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &t
     QFont compact = window->font();
     compact.setPointSizeF(8.0);
     window->setFont(compact);
+}
+
+ClickLabel *MakeFoldLabel(QWidget *panel, const QString &name) {
+    auto *label = new ClickLabel(QStringLiteral("^"), panel);
+    label->setObjectName(name);
+    PlaceTwips(label, 0, 0, 135, 135);
+    return label;
 }
 
 QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour) {

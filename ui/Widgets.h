@@ -47,6 +47,9 @@ void FillBackground(QWidget *widget, const QColor &colour);
 // its objectName, caption, the window colour and the compact font of the fixed layouts.
 void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title);
 
+// The small "^" label in a panel's top left corner whose click folds or unfolds the panel.
+ClickLabel *MakeFoldLabel(QWidget *panel, const QString &name);
+
 // A panel filled with one colour.
 class QFrame;
 QFrame *MakePanel(QWidget *parent, const QString &name, const QColor &colour);
