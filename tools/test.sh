@@ -22,8 +22,8 @@ ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:ha
 prefix="$(mktemp -d)"
 trap 'rm -rf "$prefix"' EXIT
 cmake --install build --prefix "$prefix"
-for path in bin/quorvel lib/quorvel/quorvel lib/quorvel/starter-samples.txt share/applications/quorvel.desktop \
-    share/icons/hicolor/scalable/apps/quorvel.svg; do
+for path in bin/quorvel lib/quorvel/quorvel lib/quorvel/starter-samples.txt lib/quorvel/quorvel.cfg \
+    share/applications/quorvel.desktop share/icons/hicolor/scalable/apps/quorvel.svg; do
     if [ ! -e "$prefix/$path" ]; then
         echo "not installed: $path" >&2
         exit 1
@@ -31,3 +31,10 @@ for path in bin/quorvel lib/quorvel/quorvel lib/quorvel/starter-samples.txt shar
 done
 [ -x "$prefix/bin/quorvel" ] || { echo "installed command is not executable" >&2; exit 1; }
 grep -q '^Exec=quorvel$' "$prefix/share/applications/quorvel.desktop"
+# A second install keeps the settings file that is already there.
+printf 'Exp\r\n 3 \r\n' >"$prefix/lib/quorvel/quorvel.cfg"
+cmake --install build --prefix "$prefix" >/dev/null
+[ "$(cat "$prefix/lib/quorvel/quorvel.cfg")" = "$(printf 'Exp\r\n 3 \r\n')" ] || {
+    echo "install replaced the settings file" >&2
+    exit 1
+}

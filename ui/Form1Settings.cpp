@@ -39,6 +39,13 @@ QString SettingsPath(const QString &folder) {
     return SettingsFolder(folder) + QStringLiteral("/quorvel.cfg");
 }
 
+// A user without a settings file of their own starts from the default installed beside the
+// program; the first exit then writes theirs.
+QString SettingsReadPath(const QString &programFolder) {
+    const QString own = SettingsPath(programFolder);
+    return QFileInfo::exists(own) ? own : programFolder + QStringLiteral("/quorvel.cfg");
+}
+
 // The pixels a length or position of the file is shown with.
 int ShownPx(double twips) {
     return TwipsToPx(static_cast<int>(std::floor(std::clamp(twips, -kFarTwips, kFarTwips))));
@@ -56,7 +63,7 @@ std::array<int, 4> PlacementPx(const QWidget &window) {
 } // namespace
 
 void Form1::ReadSettingsFile() {
-    QFile file(SettingsPath(ProgramFolder()));
+    QFile file(SettingsReadPath(ProgramFolder()));
     if (!file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(kMostSettingsBytes);

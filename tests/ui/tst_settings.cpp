@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QHeaderView>
+#include <QScrollBar>
 
 using namespace testsupport;
 
@@ -28,6 +29,40 @@ private slots:
     void withoutAFileOnlyThePointsAreWritten() {
         MakeForm1()->close();
         QCOMPARE(ReadFileBytes(SettingsPath()), Lines({"Exp", " 1 "}));
+    }
+
+    // The file a new install starts from: the three equations show a level, a session has
+    // points, the widths are the list's own, and an unchanged run writes the file back as it was.
+    void theShippedDefaultIsReadAndWrittenBackUnchanged() {
+        auto bare = MakeForm1();
+        QHeaderView *bareHeader = Find<QTreeWidget>(bare.get(), QStringLiteral("ListView1"))->header();
+        QList<int> bareWidths;
+        for (int c = 0; c < 16; ++c)
+            bareWidths << bareHeader->sectionSize(c);
+        bare->close();
+
+        const QByteArray shipped = ReadFileBytes(QStringLiteral(QUORVEL_DEFAULT_SETTINGS));
+        QVERIFY(shipped.endsWith("\r\n"));
+        WriteSettingsFile(shipped);
+        auto form = MakeForm1();
+        QHeaderView *header = Find<QTreeWidget>(form.get(), QStringLiteral("ListView1"))->header();
+        for (int c = 0; c < 16; ++c)
+            QCOMPARE(header->sectionSize(c), bareWidths[c]);
+        LoadSamples(form.get(), {QStringLiteral("300,300,300,300,300,300,300,300,300,300,Even,10,1,0,2")});
+        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 1);
+        QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Label3"))));
+        QCOMPARE(TextOf(form.get(), QStringLiteral("Label23_10")).count(QStringLiteral(" / ")), 2);
+
+        ToolbarAction(form.get(), QStringLiteral("Options"))->trigger();
+        QWidget *options = TopLevel(QStringLiteral("Form3"));
+        QVERIFY(options);
+        QCOMPARE(Find<QScrollBar>(options, QStringLiteral("HScroll1"))->value(), 8);
+        options->close();
+        // Loading a file keeps its path for the next start.
+        form->close();
+        const QByteArray written = ReadFileBytes(SettingsPath());
+        QCOMPARE(written.left(written.indexOf("Col")).count("\r\n"), 2);
+        QCOMPARE(written.mid(written.indexOf("Col")), shipped.mid(shipped.indexOf("Col")));
     }
 
     void lfocusChecksTheEditorSwitchAndDisablesItsButton() {
