@@ -2,14 +2,14 @@
 # Builds the fuzz targets with clang (libFuzzer, address and undefined-behaviour sanitizers)
 # and runs each for a set time, all at once, one job each.
 #   fuzz/run.sh [seconds per target, default 600] [target ...]
-# Targets: read_number dna_line dna_file settings. Findings are written to
+# Targets: read_number dna_line dna_file settings stored_pets. Findings are written to
 # build-fuzz/findings/<target>/; the corpus grows in build-fuzz/corpus/<target>/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds="${1:-600}"
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(read_number dna_line dna_file settings)
+[ ${#targets[@]} -gt 0 ] || targets=(read_number dna_line dna_file settings stored_pets)
 
 out=build-fuzz
 mkdir -p "$out"

@@ -1,0 +1,87 @@
+#include "PetNumbers.h"
+#include "PetStore.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+constexpr LevelEquations kAll{true, true, true};
+
+DnaRecord Sample(const char *name, int16_t value) {
+    DnaRecord r{name};
+    r.Attributes.fill(value);
+    r.Attributes[Power] = static_cast<int16_t>(value + 1);
+    return r;
+}
+
+} // namespace
+
+TEST(PetStore, FromTemplateKeepsSlotsValuesCapsFlagsAndTheShownTexts) {
+    DnaTemplate t;
+    ClearWholeTemplate(t);
+    PutDnaInTemplate(t, Prowess, Sample("Kaadu", 400));
+    PutDnaInTemplate(t, Physique, Sample("Rancor", 500));
+    EvaluateTemplate(t);
+    ToggleExperiment(t, Mental);
+    StatTexts shown = PredictPetStats(t.Current, PredictionSource::Template, kAll).labels;
+    shown[LevelLabel] = "40"; // a skin's minimum shown instead of the prediction
+    const StoredPet pet = StoredPetFromTemplate(t, shown, "2024-05-01T18:30:00");
+    EXPECT_EQ(pet.Source, PetSource::Template);
+    EXPECT_EQ(pet.Samples[Physique].Name + "|" + pet.Samples[Prowess].Name + "|" + pet.Samples[Mental].Name,
+              "Rancor|Kaadu|-");
+    EXPECT_EQ(pet.Samples[Prowess].Attributes[Power], 401);
+    EXPECT_EQ(pet.Values, t.Current);
+    EXPECT_EQ(pet.Caps, t.Caps);
+    EXPECT_EQ(pet.Experimented, (std::array<bool, 5>{false, false, true, false, false}));
+    EXPECT_EQ(pet.Text(PetStat::Regen), shown[RegenLabel]);
+    EXPECT_EQ(pet.Name, "Rancor level 40");
+    EXPECT_EQ(pet.Date, "2024-05-01T18:30:00");
+    // The pet survives the file.
+    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).pets, std::vector<StoredPet>{pet});
+}
+
+TEST(PetStore, FromSampleAndDefaultNames) {
+    DnaRecord sample{"Gurk"};
+    sample.Attributes.fill(500);
+    const auto prediction =
+        PredictPetStats(ValueArray{500, 500, 500, 500, 500, 500, 500, 500, 500, 500}, PredictionSource::Sample, kAll);
+    const StoredPet pet = StoredPetFromSample(sample, prediction.labels, "2024-05-02");
+    EXPECT_EQ(pet.Source, PetSource::Sample);
+    EXPECT_EQ(pet.Samples[0].Name + "|" + pet.Samples[1].Name, "Gurk|");
+    EXPECT_EQ(pet.Values, pet.Samples[0].Attributes);
+    EXPECT_EQ(pet.Caps, PetValues{});
+    EXPECT_EQ(pet.Name, "Gurk level 47.13"); // the last equation's figure of "49.78 / 50.2 / 47.13"
+    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).pets, std::vector<StoredPet>{pet});
+
+    // No equation on: the name alone; no sample anywhere: "Pet".
+    StoredPet empty = pet;
+    empty.Shown[static_cast<int>(PetStat::Level)].clear();
+    EXPECT_EQ(DefaultPetName(empty), "Gurk");
+    empty.Samples[0].Name = "-";
+    EXPECT_EQ(DefaultPetName(empty), "Pet");
+}
+
+TEST(PetStore, SamplesAreFoundByNameAndAttributes) {
+    DnaLibrary library;
+    library.Records[*library.AppendRecord()] = Sample("Rancor", 500);
+    library.Records[*library.AppendRecord()] = Sample("Kaadu", 399); // same name, other values
+    library.Records[*library.AppendRecord()] = Sample("Kaadu", 400);
+    library.Records[*library.AppendRecord()] = Sample("Kaadu", 400);
+
+    DnaTemplate t;
+    ClearWholeTemplate(t);
+    PutDnaInTemplate(t, Physique, library.Records[1]);
+    PutDnaInTemplate(t, Prowess, library.Records[3]);
+    PutDnaInTemplate(t, Aggressiveness, Sample("Gone", 300));
+    const StoredPet pet = StoredPetFromTemplate(t, {}, "");
+    const PetSamplesInLibrary found = FindPetSamples(pet, library);
+    EXPECT_EQ(found.slots, (std::array<std::optional<int>, 5>{1, 3, {}, {}, {}}));
+    EXPECT_EQ(found.missing, std::vector<int>{Aggressiveness});
+
+    // A sample renamed in the library is missing; one beyond Count is not looked at.
+    library.Records[1].Name = "Rancor B";
+    library.Count = 2;
+    EXPECT_EQ(FindPetSamples(pet, library).missing, (std::vector<int>{Physique, Prowess, Aggressiveness}));
+}
