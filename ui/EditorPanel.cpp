@@ -4,6 +4,7 @@
 #include "Captions.h"
 #include "DnaListPanel.h"
 #include "EntryBox.h"
+#include "Fonts.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
 #include "ReferenceTables.h"
@@ -22,6 +23,7 @@
 #include <QRadioButton>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 using namespace quorvel;
@@ -66,13 +68,20 @@ EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
 
 void EditorPanel::BuildControls() {
     // Columns 1 and 2 hold the ten attributes, column 3 name, level, planet, quality and
-    // origin, column 4 the switch and the buttons.
+    // origin, column 4 the switch and the buttons. The captions narrow until each fits.
+    const std::array<int, 3> titleLefts{150, 1920, 3990};
+    const std::array<int, 3> titleWidths{1000, 1290, 570};
+    const auto columnOf = [](int i) { return static_cast<std::size_t>(i < 5 ? 0 : i < 10 ? 1 : 2); };
+    QList<TextFit> fits;
+    for (int i = 0; i < 12; ++i)
+        fits.append({SampleBoxCaption(i), TwipsToPx(titleWidths[columnOf(i)])});
+    const QFont captionFont = FittingFont(Picture4->font(), fits);
     for (int i = 0; i < 12; ++i) {
-        const int column = i < 5 ? 0 : i < 10 ? 1 : 2;
         const int row = i < 10 ? i % 5 : i - 10;
-        const int titleLeft = column == 0 ? 150 : column == 1 ? 1920 : 3990;
-        const int titleWidth = column == 0 ? 1000 : column == 1 ? 1290 : 570;
-        MakeLabel(Picture4, QString(), SampleBoxCaption(i), titleLeft, RowTop(row), titleWidth, kBoxHeight);
+        const int titleLeft = titleLefts[columnOf(i)];
+        const int titleWidth = titleWidths[columnOf(i)];
+        MakeLabel(Picture4, QString(), SampleBoxCaption(i), titleLeft, RowTop(row), titleWidth, kBoxHeight)
+            ->setFont(captionFont);
         auto *box = new QLineEdit(i == 10 ? QString() : QStringLiteral("0"), Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
         box->setAccessibleName(SampleBoxCaption(i).chopped(1));

@@ -3,6 +3,7 @@
 #include "DnaListPanel.h"
 #include "DnaListView.h"
 #include "EditorPanel.h"
+#include "Fonts.h"
 #include "Form2.h"
 #include "Form3.h"
 #include "Form4.h"
@@ -65,16 +66,15 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent) {
     setStatusBar(StatusBar1);
     // The layout never goes negative: the left column and a strip of the list always fit.
     setMinimumSize(640, 480);
-    // The panels are laid out in fixed places; a compact font keeps every caption readable.
-    QFont compact = font();
-    compact.setPointSizeF(8.0);
-    central_->setFont(compact);
+    // The panels are laid out in fixed places, in the platform's small font.
+    central_->setFont(ReadableFont());
 
     prediction_ = new PredictionPanel(state_, central_);
     template_ = new TemplatePanel(state_, *prediction_, central_);
     list_ = new DnaListPanel(state_, central_);
     editor_ = new EditorPanel(state_, *list_, central_);
     BuildToolbar();
+    FitButtonCaptions(central_);
 
     for (int i = 0; i < 5; ++i)
         connect(template_->Label2[static_cast<std::size_t>(i)], &ClickLabel::clicked, this,

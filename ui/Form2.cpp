@@ -4,6 +4,7 @@
 #include "DnaListPanel.h"
 #include "DnaListView.h"
 #include "EntryBox.h"
+#include "Fonts.h"
 #include "Form1.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -26,7 +27,7 @@ constexpr std::array<const char *, 11> kStatTitles{
 constexpr int kNarrowWidth = 3450;
 constexpr int kWideWidth = 5730;
 constexpr int kInnerHeight = 4800;
-constexpr int kInputsWidth = 3120; // Picture4; Label1 stands right of it
+constexpr int kInputsWidth = 3120; // Picture4
 constexpr int kPanelHeight = 4200;
 constexpr int kRowTop = 60;
 constexpr int kRowPitch = 285;
@@ -64,6 +65,7 @@ Form2::Form2(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(
     BuildStatsPanel();
     BuildBottomRow();
     SetTabOrder();
+    FitButtonCaptions(this);
     Form_Load();
 }
 
@@ -72,9 +74,13 @@ void Form2::BuildInputs() {
     Picture4->setObjectName(QStringLiteral("Picture4"));
     PlaceTwips(Picture4, 0, 0, kInputsWidth, kPanelHeight);
 
+    // The captions narrow until "Dependability:" fits beside its box.
+    const QFont captionFont = FittingFont(font(), {{SampleBoxCaption(6), TwipsToPx(kBoxLeft - kTitleLeft)},
+                                                   {QStringLiteral("Planet:"), TwipsToPx(kBoxLeft - kTitleLeft)}});
     for (int i = 0; i < 12; ++i) {
         const QString title = SampleBoxCaption(i);
-        MakeLabel(Picture4, QString(), title, kTitleLeft, RowTop(i), kBoxLeft - kTitleLeft, kRowHeight);
+        MakeLabel(Picture4, QString(), title, kTitleLeft, RowTop(i), kBoxLeft - kTitleLeft, kRowHeight)
+            ->setFont(captionFont);
         auto *box = new TypedBox(Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
         box->setAccessibleName(title.chopped(1));
@@ -91,8 +97,8 @@ void Form2::BuildInputs() {
                           QStringLiteral("Quality"));
     PlaceTwips(Combo1, kBoxLeft + kBoxWidth + 60, RowTop(11) - 15, 960, kRowHeight + 30);
 
-    MakeLabel(Picture4, QString(), QStringLiteral("Planet:"), kTitleLeft, RowTop(12), kBoxLeft - kTitleLeft,
-              kRowHeight);
+    MakeLabel(Picture4, QString(), QStringLiteral("Planet:"), kTitleLeft, RowTop(12), kBoxLeft - kTitleLeft, kRowHeight)
+        ->setFont(captionFont);
     Combo2 = MakeEntryBox(Picture4, QStringLiteral("Combo2"), PlanetEntries(), QStringLiteral("Planet"));
     PlaceTwips(Combo2, kBoxLeft, RowTop(12) - 15, 2 * kBoxWidth, kRowHeight + 30);
 
@@ -107,7 +113,8 @@ void Form2::BuildInputs() {
     Label1 = new ClickLabel(QStringLiteral(">>"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setAlignment(Qt::AlignCenter);
-    PlaceTwips(Label1, kInputsWidth, 0, 240, kRowHeight);
+    // Over the end of the inputs' first row, which holds only the Hardiness box.
+    PlaceTwips(Label1, kNarrowWidth - 420, 0, 360, kRowHeight);
     connect(Label1, &ClickLabel::clicked, this, &Form2::Label1_Click);
 }
 
@@ -116,10 +123,17 @@ void Form2::BuildStatsPanel() {
     Picture1->setObjectName(QStringLiteral("Picture1"));
     // The panel fills the part of the wide window that the narrow one leaves out.
     PlaceTwips(Picture1, kNarrowWidth, 0, kWideWidth - kNarrowWidth, kPanelHeight);
+    // The widest caption and value fit, the value with a margin before the window's edge.
+    QList<TextFit> fits{{QStringLiteral("8888 [8888]"), TwipsToPx(1080 - 60)}};
+    for (const char *title : kStatTitles)
+        fits.append({QString::fromLatin1(title), TwipsToPx(1140)});
+    Picture1->setFont(FittingFont(font(), fits));
     for (int i = 0; i < 11; ++i) {
         const int height = i == 10 ? 3 * kRowHeight + 90 : kRowHeight;
+        // Captions and values share a top edge, so that each value stands on its caption's line.
         MakeLabel(Picture1, QString(), QString::fromLatin1(kStatTitles[static_cast<std::size_t>(i)]), 60, RowTop(i),
-                  1140, kRowHeight);
+                  1140, kRowHeight)
+            ->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         QLabel *value = MakeLabel(Picture1, QStringLiteral("Label23_%1").arg(i), QStringLiteral("0"), 1200, RowTop(i),
                                   1080, height);
         value->setAlignment(Qt::AlignLeft | Qt::AlignTop);

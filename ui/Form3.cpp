@@ -1,5 +1,6 @@
 #include "Form3.h"
 
+#include "Fonts.h"
 #include "Form1.h"
 #include "Numeric.h"
 #include "Twips.h"
@@ -65,6 +66,7 @@ Form3::Form3(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
 
     BuildControls();
+    FitButtonCaptions(this);
     Form_Load();
 }
 

@@ -2,6 +2,7 @@
 
 #include "DnaListPanel.h"
 #include "DnaListView.h"
+#include "Fonts.h"
 #include "Form1.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -66,6 +67,7 @@ Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(
     BuildPointsColumn();
     BuildCategoryRows();
     BuildButtons();
+    FitButtonCaptions(this);
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
     connect(Command2, &QPushButton::clicked, this, &Form5::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &Form5::Command3_Click);

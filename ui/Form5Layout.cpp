@@ -1,6 +1,7 @@
 #include "Form5.h"
 
 #include "Captions.h"
+#include "Fonts.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -31,13 +32,6 @@ QString Indexed(const char *name, int index) {
     return QStringLiteral("%1_%2").arg(QString::fromLatin1(name)).arg(index);
 }
 
-// The two top panels hold long captions side by side; a smaller font keeps them whole.
-void MakeSmall(QWidget *widget) {
-    QFont small = widget->font();
-    small.setPointSizeF(7.0);
-    widget->setFont(small);
-}
-
 void MakeBold(QWidget *widget) {
     QFont bold = widget->font();
     bold.setBold(true);
@@ -50,17 +44,23 @@ void Form5::BuildValuesPanel() {
     Picture2 = MakePanel(this, QStringLiteral("Picture2"), kPanelColour);
     Picture2->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture2, 120, 120, 4080, 1695);
-    MakeSmall(Picture2);
     // Two columns: Hardiness..Cleverness on the left, Dependability..Power on the right, Power
-    // two lines high; the unused Label14(10) stands under it.
+    // two lines high; the unused Label14(10) stands under it. The font narrows until
+    // "Dependability:" and "1150 [1000]" fit side by side.
+    const QString widest = QStringLiteral("8888 [8888]");
+    Picture2->setFont(FittingFont(
+        font(),
+        {{SampleBoxCaption(5), TwipsToPx(900)}, {SampleBoxCaption(6), TwipsToPx(1080)}, {widest, TwipsToPx(960)}}));
     for (int a = 0; a < 11; ++a) {
         const bool right = a >= 6;
         const int row = right ? a - 6 + (a == 10 ? 1 : 0) : a;
         const int left = right ? 1980 : 60;
         const int titleWidth = right ? 1080 : 900;
         const int top = 90 + row * 255;
+        // Captions and values share a top edge, so that each value stands on its caption's line.
         if (a < 10)
-            MakeLabel(Picture2, QString(), SampleBoxCaption(a), left, top, titleWidth, 255);
+            MakeLabel(Picture2, QString(), SampleBoxCaption(a), left, top, titleWidth, 255)
+                ->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         QLabel *value = MakeLabel(Picture2, Indexed("Label14", a), a == 10 ? QString() : QStringLiteral("0 [0]"),
                                   left + titleWidth, top, 960, a == 9 ? 510 : 255);
         value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -73,8 +73,7 @@ void Form5::BuildStatsPanel() {
     Picture3 = MakePanel(this, QStringLiteral("Picture3"), kPanelColour);
     Picture3->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture3, 4320, 120, 3855, 1695);
-    MakeSmall(Picture3);
-    Label23 = BuildStatLabels(Picture3, {90, 225, 60, 960, 1920, 2880}, QStringLiteral("Crit save:"), QString());
+    Label23 = BuildStatLabels(Picture3, {90, 225, 60, 1005, 1935, 2925}, QStringLiteral("Crit save:"), QString());
     for (QLabel *label : Label23)
         SetTextColour(label, Qt::white);
 }

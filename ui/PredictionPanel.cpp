@@ -1,6 +1,7 @@
 #include "PredictionPanel.h"
 
 #include "AppState.h"
+#include "Fonts.h"
 #include "Skins.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -28,18 +29,12 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Label3->setWordWrap(true);
     Label3->setFrameShape(QFrame::Panel);
     Label3->setFrameShadow(QFrame::Sunken);
+    // One line where a narrower face allows it: two lines of a readable size overfill the box.
+    Label3->setFont(FittingFont(Label3->font(), {{Label3->text(), Label3->contentsRect().width()}}));
 
     Label23 = BuildStatLabels(Picture3, {540, 225, 150, 1080, 2070, 3090}, QStringLiteral("Critical save:"),
                               QStringLiteral("Label14_11"));
     HealthCaption = Picture3->findChild<QLabel *>(QStringLiteral("Label14_11"));
-    // The statistics are a point smaller than the window's font, so that "State Resist:" and
-    // "3000 [2697]" fit beside "Aggro bonus:" and its value.
-    QFont small = Picture3->font();
-    small.setPointSizeF(7.0);
-    for (QLabel *label : Picture3->findChildren<QLabel *>(Qt::FindDirectChildrenOnly)) {
-        if (label != Label3 && label != Label4)
-            label->setFont(small);
-    }
 
     Combo3 = new QComboBox(Picture3);
     Combo3->setObjectName(QStringLiteral("Combo3"));

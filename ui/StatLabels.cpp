@@ -1,6 +1,8 @@
 #include "StatLabels.h"
 
 #include "AppState.h"
+#include "Fonts.h"
+#include "Twips.h"
 #include "UiText.h"
 
 #include <QLabel>
@@ -25,19 +27,32 @@ StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const Q
                                          {8, QStringLiteral("Aggro bonus:"), 1, 2},
                                          {9, QStringLiteral("Damage:"), 1, 3},
                                          {10, QStringLiteral("Level:"), 2, 6}}};
+    const auto captionLeft = [&](const Entry &e) { return e.column == 1 ? layout.rightCaption : layout.leftCaption; };
+    const auto valueLeft = [&](const Entry &e) { return e.column == 1 ? layout.rightValue : layout.leftValue; };
+    const auto valueWidth = [&](const Entry &e) {
+        return e.column == 0 ? layout.rightCaption - layout.leftValue : 3900 - valueLeft(e);
+    };
+
+    // The widest values: Armor with its bracket on the left, Damage on the right.
+    QList<TextFit> fits{{QStringLiteral("8888 [8888]"), TwipsToPx(valueWidth(entries[2]))},
+                        {QStringLiteral("888 - 888"), TwipsToPx(valueWidth(entries[9]))}};
+    for (const Entry &e : entries)
+        fits.append({e.caption, TwipsToPx(valueLeft(e) - captionLeft(e))});
+    const QFont font = FittingFont(panel->font(), fits);
+
+    // Captions and values share a font and a top edge, so that each value stands on its caption's line.
+    const auto place = [&](QLabel *label) {
+        label->setFont(font);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        return label;
+    };
     StatLabelArray labels{};
     for (const Entry &e : entries) {
         const int top = layout.top + e.row * layout.rowPitch;
-        const bool right = e.column == 1;
-        const int captionLeft = right ? layout.rightCaption : layout.leftCaption;
-        const int valueLeft = right ? layout.rightValue : layout.leftValue;
-        const int valueWidth = e.column == 0   ? layout.rightCaption - layout.leftValue - 60
-                               : e.column == 1 ? 3900 - layout.rightValue
-                                               : 3900 - layout.leftValue;
-        MakeLabel(panel, e.index == 0 ? healthCaptionName : QString(), e.caption, captionLeft, top,
-                  valueLeft - captionLeft, layout.rowPitch);
-        QLabel *value = MakeLabel(panel, QStringLiteral("Label23_%1").arg(e.index), QStringLiteral("0"), valueLeft, top,
-                                  valueWidth, layout.rowPitch);
+        place(MakeLabel(panel, e.index == 0 ? healthCaptionName : QString(), e.caption, captionLeft(e), top,
+                        valueLeft(e) - captionLeft(e), layout.rowPitch));
+        QLabel *value = place(MakeLabel(panel, QStringLiteral("Label23_%1").arg(e.index), QStringLiteral("0"),
+                                        valueLeft(e), top, valueWidth(e), layout.rowPitch));
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
         labels[static_cast<std::size_t>(e.index)] = value;
     }

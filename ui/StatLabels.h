@@ -23,7 +23,8 @@ struct StatLayout {
 
 using StatLabelArray = std::array<QLabel *, 11>;
 
-// Builds the captions and value labels; the Health caption gets `healthCaptionName`.
+// Builds the captions and value labels in the panel's font, narrowed where the widest texts
+// need it; the Health caption gets `healthCaptionName`.
 StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const QString &critSaveCaption,
                                const QString &healthCaptionName);
 

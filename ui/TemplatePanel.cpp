@@ -2,6 +2,7 @@
 
 #include "AppState.h"
 #include "Captions.h"
+#include "Fonts.h"
 #include "PredictionPanel.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -93,6 +94,10 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top) {
     auto *box = MakePanel(central, Indexed("Picture1", i), QColor(150, 138, 110));
     box->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(box, left, top + 240, kListWidth, 930);
+    const int cell = kListWidth / 5;
+    box->setFont(FittingFont(central->font(), {{QStringLiteral("Exp:"), TwipsToPx(400)},
+                                               {QStringLiteral("100%/100%"), TwipsToPx(1000)},
+                                               {QStringLiteral("888"), TwipsToPx(cell)}}));
     Picture1[static_cast<std::size_t>(i)] = box;
 
     auto *list = new QListWidget(central);
@@ -122,7 +127,6 @@ void TemplatePanel::BuildCategory(QWidget *central, int i, int left, int top) {
     Line1[static_cast<std::size_t>(i)] = line;
 
     // The box's own pair is drawn in white.
-    const int cell = kListWidth / 5;
     for (int pair = 0; pair < 5; ++pair) {
         const int index = ContributionIndex(i, pair);
         QLabel *label = MakeLabel(box, Indexed("Label43", index), QStringLiteral("0"), pair * cell, 480, cell, 300);
@@ -140,21 +144,28 @@ void TemplatePanel::BuildValuesPanel(QWidget *central) {
 
     Label1 = MakeFoldLabel(Picture2, QStringLiteral("Label1"));
 
-    // Two columns of caption and value, a point smaller than the window's font so that
-    // "Dependability:" and "1150 [1000]" fit side by side: Hardiness..Cleverness on the left,
-    // Dependability..Power on the right with Power two lines high, and the quality in a row
-    // of its own below, wide enough for "CL prediction won't be correct".
-    QFont small = Picture2->font();
-    small.setPointSizeF(7.0);
-    Picture2->setFont(small);
+    // Two columns of caption and value: Hardiness..Cleverness on the left, Dependability..Power
+    // on the right with Power two lines high, and the quality in a row of its own below, wide
+    // enough for "CL prediction won't be correct". The font narrows until "Dependability:" and
+    // "1150 [1000]" fit side by side.
+    const QString widest = QStringLiteral("8888 [8888]");
     constexpr int pitch = 225;
+    constexpr int leftCaption = 150;
+    constexpr int leftValue = 1020;
+    constexpr int rightCaption = 1950;
+    constexpr int rightValue = 3015;
+    constexpr int rightEdge = 3930;
+    Picture2->setFont(FittingFont(central->font(), {{SampleBoxCaption(6), TwipsToPx(rightValue - rightCaption)},
+                                                    {SampleBoxCaption(5), TwipsToPx(leftValue - leftCaption)},
+                                                    {widest, TwipsToPx(rightCaption - leftValue)},
+                                                    {widest, TwipsToPx(rightEdge - rightValue)}}));
     for (int a = 0; a < 11; ++a) {
         const bool right = a >= 6 && a < 10;
         const int row = right ? a - 6 : a == 10 ? 6 : a;
-        const int captionLeft = right ? 1950 : 150;
-        const int valueLeft = right ? 2985 : 990;
+        const int captionLeft = right ? rightCaption : leftCaption;
+        const int valueLeft = right ? rightValue : leftValue;
         const int top = 60 + row * pitch;
-        const int width = (right || a == 10 ? 3930 : 1905) - valueLeft;
+        const int width = (right || a == 10 ? rightEdge : rightCaption) - valueLeft;
         QLabel *caption = MakeLabel(Picture2, QString(), (a < 10 ? SampleBoxCaption(a) : QStringLiteral("Quality:")),
                                     captionLeft, top, valueLeft - captionLeft, pitch);
         caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);

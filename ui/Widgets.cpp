@@ -1,11 +1,40 @@
 #include "Widgets.h"
 
+#include "Fonts.h"
 #include "Twips.h"
 
 #include <QAbstractScrollArea>
 #include <QDragEnterEvent>
 #include <QFrame>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+
+// The fold marker: its text stays "^", but it is drawn as a small chevron inside the panel's
+// frame, where a "^" glyph of a readable size would not fit and would cover the border.
+class FoldLabel : public ClickLabel {
+public:
+    using ClickLabel::ClickLabel;
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        const auto *frame = qobject_cast<const QFrame *>(parentWidget());
+        const int inset = frame ? frame->frameWidth() : 0;
+        const QRectF area = QRectF(rect()).adjusted(inset, inset, 0, 0);
+        QPainterPath chevron;
+        chevron.moveTo(area.left() + area.width() * 0.15, area.top() + area.height() * 0.7);
+        chevron.lineTo(area.center().x(), area.top() + area.height() * 0.25);
+        chevron.lineTo(area.right() - area.width() * 0.15, area.top() + area.height() * 0.7);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::WindowText), 1.2 * DisplayScalePercent() / 100.0));
+        painter.drawPath(chevron);
+    }
+};
+
+} // namespace
 
 void ClickLabel::mousePressEvent(QMouseEvent *event) {
     pressed_ = event->button() == Qt::LeftButton;
@@ -63,13 +92,11 @@ void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &t
     window->setWindowTitle(title);
     window->setAttribute(Qt::WA_DeleteOnClose);
     FillBackground(window, kWindowColour);
-    QFont compact = window->font();
-    compact.setPointSizeF(8.0);
-    window->setFont(compact);
+    window->setFont(ReadableFont());
 }
 
 ClickLabel *MakeFoldLabel(QWidget *panel, const QString &name) {
-    auto *label = new ClickLabel(QStringLiteral("^"), panel);
+    auto *label = new FoldLabel(QStringLiteral("^"), panel);
     label->setObjectName(name);
     PlaceTwips(label, 0, 0, 135, 135);
     return label;

@@ -44,7 +44,7 @@ inline const QColor kPanelColour(191, 186, 164);
 void FillBackground(QWidget *widget, const QColor &colour);
 
 // The common start of the secondary windows: a top-level window deleted when closed, with
-// its objectName, caption, the window colour and the compact font of the fixed layouts.
+// its objectName, caption, the window colour and the readable font of the fixed layouts.
 void SetUpSecondaryWindow(QWidget *window, const QString &name, const QString &title);
 
 // The small "^" label in a panel's top left corner whose click folds or unfolds the panel.
