@@ -18,12 +18,12 @@ constexpr std::size_t kOriginField = 13;
 constexpr std::size_t kQualityField = 14;
 constexpr std::size_t kUsedFields = 15;
 constexpr std::size_t kMaxAttributeChars = 5;
-constexpr int kNameColumn = 1;
-constexpr int kFirstAttributeColumn = 2;
-constexpr int kLevelColumn = 12;
-constexpr int kPlanetColumn = 13;
-constexpr int kOriginColumn = 14;
-constexpr int kQualityColumn = 15;
+constexpr std::size_t kNameColumn = ColumnIndex(ListColumn::Name);
+constexpr std::size_t kFirstAttributeColumn = ColumnIndex(ListColumn::FirstAttribute);
+constexpr std::size_t kLevelColumn = ColumnIndex(ListColumn::Level);
+constexpr std::size_t kPlanetColumn = ColumnIndex(ListColumn::Planet);
+constexpr std::size_t kOriginColumn = ColumnIndex(ListColumn::Origin);
+constexpr std::size_t kQualityColumn = ColumnIndex(ListColumn::Quality);
 
 // Splits at every comma; whatever follows the fifteenth field is never looked at.
 std::vector<std::string_view> SplitFields(std::string_view line) {
@@ -136,6 +136,34 @@ RowCells RebuildRowCells(const DnaRecord &record, int slot) {
     cells[kPlanetColumn] = PlanetName(record.Planet).value_or("");
     cells[kOriginColumn] = OriginName(record.Origin).value_or("");
     cells[kQualityColumn] = QualityName(record.Quality).value_or("");
+    return cells;
+}
+
+std::string EditedCell(const DnaRecord &record, ListColumn column) {
+    switch (column) {
+    case ListColumn::Slot:
+        break;
+    case ListColumn::Name:
+        return record.Name;
+    case ListColumn::Level:
+        return EditorCell(record.Level);
+    case ListColumn::Planet:
+        return PlanetName(record.Planet).value_or("");
+    case ListColumn::Origin:
+        return OriginName(record.Origin).value_or("");
+    case ListColumn::Quality:
+        return QualityName(record.Quality).value_or("");
+    default:
+        return EditorCell(record.Attributes[ColumnIndex(column) - kFirstAttributeColumn]);
+    }
+    return {};
+}
+
+RowCells EditedRowCells(const DnaRecord &record, int slot) {
+    RowCells cells;
+    cells[0] = FormatWhole(slot);
+    for (std::size_t c = kNameColumn; c < cells.size(); ++c)
+        cells[c] = EditedCell(record, static_cast<ListColumn>(c));
     return cells;
 }
 

@@ -14,6 +14,27 @@ namespace quorvel {
 
 constexpr int kListColumns = 16;
 
+// The DNA list's columns: "#", "ID", the ten attributes in their fixed order, "Level",
+// "Planet", "W/M" and "Quality".
+enum class ListColumn : int {
+    Slot,
+    Name,
+    FirstAttribute,
+    Level = FirstAttribute + kAttributeCount,
+    Planet,
+    Origin,
+    Quality,
+};
+
+// The column of attribute 0..9.
+constexpr ListColumn AttributeColumn(int attribute) {
+    return static_cast<ListColumn>(static_cast<int>(ListColumn::FirstAttribute) + attribute);
+}
+
+constexpr std::size_t ColumnIndex(ListColumn column) {
+    return static_cast<std::size_t>(column);
+}
+
 // The texts of one DNA list row, column 0 ("#") to 15 ("Quality"), all UTF-8.
 using RowCells = std::array<std::string, kListColumns>;
 
@@ -49,6 +70,14 @@ LoadEnd LoadDnaStream(std::istream &in, DnaLibrary &library,
 
 // The rebuild's cells of a stored sample.
 RowCells RebuildRowCells(const DnaRecord &record, int slot);
+
+// The cell the editor and the Add DNA window write for a stored field: the name as it is,
+// numbers with three blanks in front, the words of planet, origin and quality (empty for an
+// index outside their table). Not for the "#" column.
+std::string EditedCell(const DnaRecord &record, ListColumn column);
+
+// Every cell of a row as the Add DNA window writes it.
+RowCells EditedRowCells(const DnaRecord &record, int slot);
 
 // One line of a saved file, with CR LF: fifteen numeric fields, or the last three as words.
 std::string FormatDnaLine(const DnaRecord &record, bool withWords);

@@ -1,7 +1,8 @@
 #include "DnaListPanel.h"
 
-#include "AppState.h"
+#include "AppModel.h"
 #include "DnaListView.h"
+#include "ModelHub.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
 #include "Twips.h"
@@ -41,7 +42,7 @@ constexpr std::array<ColumnInfo, kListColumns> kColumns{{{"#", 0},
 
 } // namespace
 
-DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central), state_(state) {
+DnaListPanel::DnaListPanel(AppModel &model, ModelHub &hub, QWidget *central) : QObject(central), model_(model) {
     ViewLabel = MakeLabel(central, QStringLiteral("Label2_5"), QStringLiteral("DNA View:"), 4200, 750, 975, 255);
 
     ListView1 = new DnaListView(central);
@@ -73,7 +74,7 @@ DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central)
     });
     connect(ListView1, &DnaListView::rowDoubleClicked, this, [this] {
         SelectFromList();
-        emit rowDoubleClicked();
+        model_.PutDnaInFirstFreeSlot();
     });
     connect(ListView1->header(), &QHeaderView::sectionClicked, this, &DnaListPanel::SortDnaList);
     connect(ListView1->header(), &QHeaderView::sectionResized, this, [this](int column, int, int newSize) {
@@ -82,6 +83,12 @@ DnaListPanel::DnaListPanel(AppState &state, QWidget *central) : QObject(central)
         if (TwipsToPx(static_cast<int>(widthsTwips_[column])) != newSize)
             widthsTwips_[column] = PxToTwips(newSize);
     });
+
+    connect(&hub, &ModelHub::rowsRebuilt, this, &DnaListPanel::RebuildDnaList);
+    connect(&hub, &ModelHub::rowsCleared, ListView1, &QTreeWidget::clear);
+    connect(&hub, &ModelHub::rowsAppended, this, &DnaListPanel::AppendDnaRows);
+    connect(&hub, &ModelHub::cellWritten, this, &DnaListPanel::SetDnaCell);
+    connect(&hub, &ModelHub::sortChanged, this, &DnaListPanel::ApplySort);
 }
 
 void DnaListPanel::CreateColumns() {
@@ -123,7 +130,7 @@ void DnaListPanel::BuildMenu() {
     for (int i = 0; i < 5; ++i) {
         auto *action = m_test->addAction(QString::fromLatin1(entries[static_cast<std::size_t>(i)].second));
         action->setObjectName(QString::fromLatin1(entries[static_cast<std::size_t>(i)].first));
-        connect(action, &QAction::triggered, this, [this, i] { emit sendToCategory(i); });
+        connect(action, &QAction::triggered, this, [this, i] { model_.PutDnaInTemplate(static_cast<Category>(i)); });
         if (i == 0)
             m_test->setDefaultAction(action);
     }
@@ -152,11 +159,11 @@ int DnaListPanel::RowSlot(int row) const {
     return slot ? *slot : 0;
 }
 
-int DnaListPanel::AddDnaRow(int slot) {
-    auto *item = new DnaListItem(QStringList{QString::number(slot)});
-    ListView1->addTopLevelItem(item);
-    ResortIfOn();
-    return ListView1->indexOfTopLevelItem(item) + 1;
+std::vector<int> DnaListPanel::ShownSlots() const {
+    std::vector<int> shown;
+    for (int row = 1; row <= RowCount(); ++row)
+        shown.push_back(RowSlot(row));
+    return shown;
 }
 
 void DnaListPanel::AppendDnaRows(const std::vector<std::pair<int, RowCells>> &rows) {
@@ -171,37 +178,33 @@ void DnaListPanel::AppendDnaRows(const std::vector<std::pair<int, RowCells>> &ro
         items << new DnaListItem(texts);
     }
     ListView1->addTopLevelItems(items);
-    ResortIfOn();
+    ApplySort();
 }
 
-void DnaListPanel::SetDnaCell(int row, int column, const QString &text) {
+void DnaListPanel::SetDnaCell(int row, ListColumn column, const std::string &text) {
     if (QTreeWidgetItem *item = ListView1->topLevelItem(row - 1))
-        item->setText(column, text);
+        item->setText(static_cast<int>(column), ToQt(text));
 }
 
-void DnaListPanel::ClearDnaRows() {
-    ListView1->clear();
-}
-
-void DnaListPanel::SetListSorting(bool on) {
-    sortingOn_ = on;
-    ListView1->header()->setSortIndicatorShown(on);
-    ResortIfOn();
-}
-
-void DnaListPanel::ResortIfOn() {
-    if (sortingOn_)
-        ListView1->sortItems(state_.SortColumn, sortOrder_);
+void DnaListPanel::ApplySort() {
+    const ListSort &sort = model_.Sort();
+    const Qt::SortOrder order = sort.Ascending ? Qt::AscendingOrder : Qt::DescendingOrder;
+    QHeaderView *header = ListView1->header();
+    if (sort.Active)
+        header->setSortIndicator(static_cast<int>(sort.Column), order);
+    header->setSortIndicatorShown(sort.Active);
+    if (sort.Active)
+        ListView1->sortItems(static_cast<int>(sort.Column), order);
 }
 
 void DnaListPanel::RebuildDnaList() {
-    SetListSorting(false);
     ListView1->setUpdatesEnabled(false);
-    ClearDnaRows();
+    ListView1->clear();
+    const DnaLibrary &library = model_.Library();
     QList<QTreeWidgetItem *> items;
-    items.reserve(state_.Library.Count);
-    for (int slot = 1; slot <= state_.Library.Count; ++slot) {
-        const RowCells cells = RebuildRowCells(state_.Library.Records[static_cast<std::size_t>(slot)], slot);
+    items.reserve(library.Count);
+    for (int slot = 1; slot <= library.Count; ++slot) {
+        const RowCells cells = RebuildRowCells(library.Records[static_cast<std::size_t>(slot)], slot);
         QStringList texts;
         texts.reserve(kListColumns);
         for (const auto &cell : cells)
@@ -210,22 +213,15 @@ void DnaListPanel::RebuildDnaList() {
     }
     ListView1->addTopLevelItems(items);
     ListView1->setUpdatesEnabled(true);
-    state_.Library.SelectedRow = state_.Library.SelectedRecord;
 }
 
 void DnaListPanel::SortDnaList(int column) {
-    state_.SortColumn = column;
-    sortOrder_ = sortOrder_ == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
-    ListView1->header()->setSortIndicator(column, sortOrder_);
-    SetListSorting(true);
-    state_.ListSorted = true;
-    UpdateSelectedRow();
-}
-
-void DnaListPanel::UpdateSelectedRow() {
+    model_.SortDnaList(static_cast<ListColumn>(column));
+    // The selected sample's row has moved.
+    const int selected = model_.Library().SelectedRecord;
     for (int row = 1; row <= RowCount(); ++row) {
-        if (RowSlot(row) == state_.Library.SelectedRecord) {
-            state_.Library.SelectedRow = static_cast<int16_t>(row);
+        if (RowSlot(row) == selected) {
+            model_.SetSelectedRow(row);
             return;
         }
     }
@@ -236,8 +232,7 @@ void DnaListPanel::SelectFromList() {
     if (selected.isEmpty())
         return;
     const int row = ListView1->indexOfTopLevelItem(selected.first()) + 1;
-    state_.Library.SelectedRecord = static_cast<int16_t>(RowSlot(row));
-    state_.Library.SelectedRow = static_cast<int16_t>(row);
+    model_.SelectRow(row, RowSlot(row));
 }
 
 void DnaListPanel::ShowDnaView() {

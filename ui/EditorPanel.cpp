@@ -1,12 +1,10 @@
 #include "EditorPanel.h"
 
-#include "AppState.h"
+#include "AppModel.h"
 #include "Captions.h"
-#include "DnaListPanel.h"
 #include "EntryBox.h"
 #include "Fonts.h"
-#include "Numeric.h"
-#include "ReadNumber.h"
+#include "ModelHub.h"
 #include "ReferenceTables.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -22,9 +20,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <algorithm>
 #include <array>
-#include <optional>
 
 using namespace quorvel;
 
@@ -38,14 +34,14 @@ int RowTop(int row) {
     return kRowTop + row * kRowPitch;
 }
 
-QString NameText(const std::optional<std::string> &name) {
-    return ToQt(name.value_or(std::string()));
+// The list column box 0..11 edits: the ten attributes, the name and the level.
+ListColumn BoxColumn(int box) {
+    return box < kAttributeCount ? AttributeColumn(box) : box == 10 ? ListColumn::Name : ListColumn::Level;
 }
 
 } // namespace
 
-EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
-    : QObject(central), state_(state), list_(list) {
+EditorPanel::EditorPanel(AppModel &model, ModelHub &hub, QWidget *central) : QObject(central), model_(model) {
     Picture4 = MakePanel(central, QStringLiteral("Picture4"), kPanelColour);
     Picture4->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture4, 4200, 7920, 8055, 1455);
@@ -64,6 +60,11 @@ EditorPanel::EditorPanel(AppState &state, DnaListPanel &list, QWidget *central)
     connect(Check1, &QCheckBox::toggled, this, &EditorPanel::Check1_Click);
     for (QRadioButton *option : Option1)
         connect(option, &QRadioButton::clicked, this, &EditorPanel::Option1_Click);
+    connect(Label41, &ClickLabel::clicked, this, [this] { model_.ToggleFold(FoldPart::Editor); });
+    connect(&hub, &ModelHub::foldChanged, this, [this](FoldPart part, bool folded) {
+        if (part == FoldPart::Editor)
+            SetFolded(folded);
+    });
 }
 
 void EditorPanel::BuildControls() {
@@ -138,7 +139,7 @@ void EditorPanel::ShowChoice(QComboBox *combo, int position) {
 }
 
 void EditorPanel::ShowRecordInEditor() {
-    const DnaRecord &record = state_.Library.Selected();
+    const DnaRecord &record = model_.Library().Selected();
     for (int i = 0; i < kAttributeCount; ++i)
         Text1[static_cast<std::size_t>(i)]->setText(QString::number(record.Attributes[static_cast<std::size_t>(i)]));
     Text1[10]->setText(ToQt(record.Name));
@@ -150,44 +151,22 @@ void EditorPanel::ShowRecordInEditor() {
     Option1[record.Origin != 0 ? 1 : 0]->setChecked(true);
 }
 
-void EditorPanel::WriteCell(int column, const QString &text) {
-    // A selection without a row (nothing loaded yet) changes the sample only.
-    list_.SetDnaCell(state_.Library.SelectedRow, column, text);
-}
-
 void EditorPanel::ApplyEditorToRecord(int box) {
     if (box < 0 || box > 11)
         return;
-    DnaRecord &record = state_.Library.Selected();
-    const QString text = Text1[static_cast<std::size_t>(box)]->text();
-    if (box == 10) {
-        record.Name = FromQt(text);
-        WriteCell(1, text);
-        return;
-    }
-    int16_t &field = box == 11 ? record.Level : record.Attributes[static_cast<std::size_t>(box)];
-    // A number beyond the 16-bit range is not stored; the cell then shows the value kept.
-    if (const std::optional<int16_t> value = ToInt16(ReadNumber(FromQt(text))))
-        field = *value;
-    WriteCell(box == 11 ? 12 : box + 2, ToQt(EditorCell(field)));
+    model_.StoreSelectedText(BoxColumn(box), FromQt(Text1[static_cast<std::size_t>(box)]->text()));
 }
 
 void EditorPanel::StorePlanet() {
-    DnaRecord &record = state_.Library.Selected();
-    record.Planet = static_cast<int16_t>(std::max(ChosenEntry(Combo2), 0));
-    WriteCell(13, NameText(PlanetName(record.Planet)));
+    model_.StoreSelectedPlanet(ChosenEntry(Combo2));
 }
 
 void EditorPanel::StoreQuality() {
-    DnaRecord &record = state_.Library.Selected();
-    record.Quality = static_cast<float>(std::max(ChosenEntry(Combo1), 0));
-    WriteCell(15, NameText(QualityName(record.Quality)));
+    model_.StoreSelectedQuality(ChosenEntry(Combo1));
 }
 
 void EditorPanel::StoreOrigin() {
-    DnaRecord &record = state_.Library.Selected();
-    record.Origin = Option1[0]->isChecked() ? 0 : 1;
-    WriteCell(14, NameText(OriginName(record.Origin)));
+    model_.StoreSelectedOrigin(Option1[0]->isChecked() ? 0 : 1);
 }
 
 void EditorPanel::Command3_Click() {
@@ -199,9 +178,7 @@ void EditorPanel::Command3_Click() {
 }
 
 void EditorPanel::Command4_Click() {
-    DnaLibrary &library = state_.Library;
-    const std::optional<int> slot = library.AppendRecord();
-    if (!slot) {
+    if (!model_.NewDnaRecord()) {
         // A full library refuses the new sample and says why.
         QMessageBox full(QMessageBox::Information, QStringLiteral("New DNA"),
                          QStringLiteral("The library is full: it holds %1 samples.").arg(kMaxSamples), QMessageBox::Ok,
@@ -209,19 +186,6 @@ void EditorPanel::Command4_Click() {
         full.exec();
         return;
     }
-    const int row = list_.AddDnaRow(*slot);
-    // The slot may still hold a sample of a longer library loaded before.
-    DnaRecord &record = library.Records[static_cast<std::size_t>(*slot)];
-    record = DnaRecord{};
-    record.Name = "New DNA";
-    if (state_.ListSorted) {
-        state_.ListSorted = false;
-        list_.RebuildDnaList();
-    } else {
-        list_.SetDnaCell(row, 1, ToQt(record.Name));
-    }
-    library.SelectedRecord = static_cast<int16_t>(*slot);
-    library.SelectedRow = static_cast<int16_t>(*slot);
     // The new sample's values are exactly the panel's reset values.
     ShowRecordInEditor();
 }

@@ -4,9 +4,8 @@
 
 #include <array>
 
-class AppState;
 class ClickLabel;
-class DnaListPanel;
+class ModelHub;
 class QCheckBox;
 class QComboBox;
 class QFrame;
@@ -15,11 +14,15 @@ class QPushButton;
 class QRadioButton;
 class QWidget;
 
-// The sample editor below the DNA list.
-class EditorPanel : public QObject {
+namespace quorvel {
+class AppModel;
+}
+
+// The sample editor below the DNA list: it stores what is typed in the model's selected sample.
+class EditorPanel final : public QObject {
     Q_OBJECT
 public:
-    EditorPanel(AppState &state, DnaListPanel &list, QWidget *central);
+    EditorPanel(quorvel::AppModel &model, ModelHub &hub, QWidget *central);
 
     QFrame *Picture4 = nullptr;
     ClickLabel *Label41 = nullptr; // folds Picture4
@@ -45,7 +48,6 @@ public:
     // True when the key was used (Enter in boxes 0..10 moves to the next box).
     bool Text1_KeyPress(int box, int key);
     void Text1_LostFocus(int box);
-    void SetFolded(bool folded);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -55,9 +57,8 @@ private:
     void StorePlanet();
     void StoreQuality();
     void StoreOrigin();
-    void WriteCell(int column, const QString &text);
     void ShowChoice(QComboBox *combo, int position);
+    void SetFolded(bool folded);
 
-    AppState &state_;
-    DnaListPanel &list_;
+    quorvel::AppModel &model_;
 };

@@ -11,15 +11,14 @@
 #include "PredictionPanel.h"
 #include "TemplatePanel.h"
 #include "Twips.h"
+#include "UiText.h"
 #include "Widgets.h"
 #include "WindowUtil.h"
 
 #include <QActionGroup>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QStatusBar>
@@ -69,26 +68,23 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent) {
     // The panels are laid out in fixed places, in the platform's small font.
     central_->setFont(ReadableFont());
 
-    prediction_ = new PredictionPanel(state_, central_);
-    template_ = new TemplatePanel(state_, *prediction_, central_);
-    list_ = new DnaListPanel(state_, central_);
-    editor_ = new EditorPanel(state_, *list_, central_);
+    prediction_ = new PredictionPanel(model_, hub_, central_);
+    template_ = new TemplatePanel(model_, hub_, central_);
+    list_ = new DnaListPanel(model_, hub_, central_);
+    editor_ = new EditorPanel(model_, hub_, central_);
     BuildToolbar();
     FitButtonCaptions(central_);
 
-    for (int i = 0; i < 5; ++i)
-        connect(template_->Label2[static_cast<std::size_t>(i)], &ClickLabel::clicked, this,
-                [this, i] { ToggleFold(i); });
-    connect(template_->Label1, &ClickLabel::clicked, this, [this] { ToggleFold(5); });
-    connect(prediction_->Label4, &ClickLabel::clicked, this, [this] { ToggleFold(6); });
-    connect(editor_->Label41, &ClickLabel::clicked, this, [this] { ToggleFold(7); });
-    connect(template_->Command5, &QPushButton::clicked, this, &Form1::FoldAllLists);
+    connect(&hub_, &ModelHub::foldChanged, this, [this](quorvel::FoldPart part) {
+        if (part == quorvel::FoldPart::Editor)
+            LayoutMainWindow();
+    });
+    connect(&hub_, &ModelHub::secondaryWindowOpened, this, &Form1::SecondaryWindowOpened);
+    connect(&hub_, &ModelHub::secondaryWindowClosed, this, &Form1::SecondaryWindowClosed);
     connect(template_->Command6, &QPushButton::clicked, this, &Form1::ClearExperiment);
     connect(template_->Command7, &QPushButton::clicked, this, &Form1::SimulateExpSession);
     connect(prediction_->Command8, &QPushButton::clicked, this, &Form1::ExperimentOnSample);
     connect(list_, &DnaListPanel::rowReleased, editor_, &EditorPanel::ShowRecordInEditor);
-    connect(list_, &DnaListPanel::rowDoubleClicked, template_, &TemplatePanel::PutDnaInFirstFreeSlot);
-    connect(list_, &DnaListPanel::sendToCategory, template_, &TemplatePanel::PutDnaInTemplate);
 
     resize(TwipsToPx(kStartWidth), TwipsToPx(kStartHeight));
     StartMainWindow();
@@ -103,10 +99,9 @@ QString Form1::ProgramFolder() const {
 }
 
 void Form1::StartMainWindow() {
-    state_.FoldState = {true, true, true, true, true, false, false, false};
     ReadSettingsFile();
-    if (state_.Settings[quorvel::Load])
-        LoadDnaFile(false, true);
+    if (model_.Settings()[quorvel::Load])
+        LoadDnaFile(quorvel::LoadMode::Append, true);
 }
 
 void Form1::BuildToolbar() {
@@ -117,51 +112,56 @@ void Form1::BuildToolbar() {
     Toolbar1->setMovable(false);
     Toolbar1->setFloatable(false);
 
-    const auto addButton = [this](const QString &caption, const QString &icon) {
+    // A command's button, or a plain one ("Filter", "Filter On") when it has no slot.
+    const auto addButton = [this](const QString &caption, const QString &icon, void (Form1::*slot)() = nullptr) {
         auto *action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, Toolbar1);
         action->setToolTip(caption);
         Toolbar1->addAction(action);
-        connect(action, &QAction::triggered, this, [this, caption] { ToolbarAction(caption); });
+        if (slot)
+            connect(action, &QAction::triggered, this, slot);
         return action;
     };
-    const auto addMenu = [this](QAction *button, const QStringList &entries, const QStringList &keys) {
+    const auto addEntry = [this](QMenu *menu, const QString &caption, void (Form1::*slot)()) {
+        QAction *entry = menu->addAction(caption);
+        connect(entry, &QAction::triggered, this, slot);
+        return entry;
+    };
+    const auto addMenu = [this](QAction *button) {
         auto *menu = new QMenu(Toolbar1);
-        for (int i = 0; i < entries.size(); ++i) {
-            QAction *entry = menu->addAction(entries[i]);
-            if (i < keys.size())
-                entry->setData(keys[i]);
-            const QString caption = entries[i];
-            connect(entry, &QAction::triggered, this, [this, caption] { ToolbarAction(caption); });
-        }
         button->setMenu(menu);
         if (auto *tool = qobject_cast<QToolButton *>(Toolbar1->widgetForAction(button)))
             tool->setPopupMode(QToolButton::MenuButtonPopup);
+        return menu;
     };
 
-    QAction *load = addButton(QStringLiteral("Load"), QStringLiteral("load"));
-    addMenu(load, {QStringLiteral("Load DNA"), QStringLiteral("Append DNA")},
-            {QStringLiteral("t_dna"), QStringLiteral("t_app")});
+    QAction *load = addButton(QStringLiteral("Load"), QStringLiteral("load"), &Form1::LoadDna);
+    QMenu *loadMenu = addMenu(load);
+    addEntry(loadMenu, QStringLiteral("Load DNA"), &Form1::LoadDna)->setData(QStringLiteral("t_dna"));
+    addEntry(loadMenu, QStringLiteral("Append DNA"), &Form1::AppendDna)->setData(QStringLiteral("t_app"));
     load->setShortcut(QKeySequence::Open);
-    QAction *save = addButton(QStringLiteral("Save"), QStringLiteral("save"));
-    addMenu(save, {QStringLiteral("Save As"), QStringLiteral("Save With Data"), QStringLiteral("WYSIWYG")}, {});
+    QAction *save = addButton(QStringLiteral("Save"), QStringLiteral("save"), &Form1::Save);
+    QMenu *saveMenu = addMenu(save);
+    QAction *saveAs = addEntry(saveMenu, QStringLiteral("Save As"), &Form1::SaveAs);
+    addEntry(saveMenu, QStringLiteral("Save With Data"), &Form1::SaveWithData);
+    addEntry(saveMenu, QStringLiteral("WYSIWYG"), &Form1::SaveAsShown);
     save->setShortcut(QKeySequence::Save);
-    QAction *saveAs = save->menu()->actions().constFirst();
     saveAs->setShortcuts(StandardKeys(QKeySequence::SaveAs, QKeySequence(QStringLiteral("Ctrl+Shift+S"))));
-    addButton(QStringLiteral("Clear"), QStringLiteral("clear"));
+    addButton(QStringLiteral("Clear"), QStringLiteral("clear"), &Form1::ClearTemplate);
     addButton(QStringLiteral("Filter"), QStringLiteral("filter"));
     addButton(QStringLiteral("Filter On"), QStringLiteral("filteron"))->setCheckable(true);
-    addButton(QStringLiteral("No Sort"), QStringLiteral("nosort"));
-    addButton(QStringLiteral("Add DNA"), QStringLiteral("adddna"));
+    addButton(QStringLiteral("No Sort"), QStringLiteral("nosort"), &Form1::NoSort);
+    addButton(QStringLiteral("Add DNA"), QStringLiteral("adddna"), &Form1::ShowAddDna);
     auto *views = new QActionGroup(Toolbar1);
-    QAction *dnaView = addButton(QStringLiteral("DNA View"), QStringLiteral("dnaview"));
-    QAction *petView = addButton(QStringLiteral("Pet View"), QStringLiteral("petview"));
+    QAction *dnaView = addButton(QStringLiteral("DNA View"), QStringLiteral("dnaview"), &Form1::ShowDnaView);
+    QAction *petView = addButton(QStringLiteral("Pet View"), QStringLiteral("petview"), &Form1::ShowPetView);
     for (QAction *view : {dnaView, petView}) {
         view->setCheckable(true);
         views->addAction(view);
     }
     dnaView->setChecked(true);
-    addButton(QStringLiteral("Options"), QStringLiteral("options"));
-    addButton(QStringLiteral("About"), QStringLiteral("about"))->setShortcut(QKeySequence::HelpContents);
+    addButton(QStringLiteral("Options"), QStringLiteral("options"), &Form1::ShowOptions);
+    addButton(QStringLiteral("About"), QStringLiteral("about"), &Form1::ShowAbout)
+        ->setShortcut(QKeySequence::HelpContents);
     // Shortcuts work from anywhere in the window, also while the toolbar has no focus.
     for (QAction *action : Toolbar1->actions())
         addAction(action);
@@ -172,38 +172,49 @@ void Form1::BuildToolbar() {
     addAction(quit);
 }
 
-void Form1::ToolbarAction(const QString &caption) {
-    if (caption == QLatin1String("Load") || caption == QLatin1String("Load DNA"))
-        LoadDnaFile(true, false);
-    else if (caption == QLatin1String("Append DNA"))
-        LoadDnaFile(false, false);
-    else if (caption == QLatin1String("Save"))
-        SaveDnaFile(10);
-    else if (caption == QLatin1String("Save As"))
-        SaveDnaFile(0);
-    else if (caption == QLatin1String("Save With Data"))
-        SaveDnaFile(1);
-    else if (caption == QLatin1String("WYSIWYG"))
-        SaveDnaFile(2);
-    else if (caption == QLatin1String("Clear"))
-        template_->ClearTemplate(6);
-    else if (caption == QLatin1String("No Sort")) {
-        state_.ListSorted = false;
-        list_->RebuildDnaList();
-    } else if (caption == QLatin1String("Add DNA"))
-        ShowAddDna();
-    else if (caption == QLatin1String("DNA View"))
-        list_->ShowDnaView();
-    else if (caption == QLatin1String("Pet View"))
-        list_->ShowPetView();
-    else if (caption == QLatin1String("Options"))
-        ShowOptions();
-    else if (caption == QLatin1String("About"))
-        ShowAbout();
+void Form1::LoadDna() {
+    LoadDnaFile(quorvel::LoadMode::Replace, false);
+}
+
+void Form1::AppendDna() {
+    LoadDnaFile(quorvel::LoadMode::Append, false);
+}
+
+void Form1::Save() {
+    SaveDnaFile(quorvel::SaveMode::Save);
+}
+
+void Form1::SaveAs() {
+    SaveDnaFile(quorvel::SaveMode::SaveAs);
+}
+
+void Form1::SaveWithData() {
+    SaveDnaFile(quorvel::SaveMode::SaveWithData);
+}
+
+void Form1::SaveAsShown() {
+    SaveDnaFile(quorvel::SaveMode::AsShown);
+}
+
+void Form1::ClearTemplate() {
+    model_.ClearTemplate(quorvel::ClearScope::WholeTemplate);
+}
+
+void Form1::NoSort() {
+    model_.NoSort();
+}
+
+void Form1::ShowDnaView() {
+    list_->ShowDnaView();
+}
+
+void Form1::ShowPetView() {
+    list_->ShowPetView();
 }
 
 void Form1::ShowFileCaption() {
-    setWindowTitle(QStringLiteral("Quorvel v%1.%2 [%3]").arg(kVersionMajor).arg(kVersionMinor).arg(state_.LastDnaFile));
+    setWindowTitle(
+        QStringLiteral("Quorvel v%1.%2 [%3]").arg(kVersionMajor).arg(kVersionMinor).arg(ToQt(model_.LastDnaFile())));
 }
 
 void Form1::resizeEvent(QResizeEvent *event) {
@@ -215,41 +226,13 @@ void Form1::resizeEvent(QResizeEvent *event) {
 void Form1::LayoutMainWindow() {
     const int w = PxToTwips(width());
     const int h = PxToTwips(height());
-    const bool folded = state_.FoldState[7];
+    const bool folded = model_.Folded(quorvel::FoldPart::Editor);
     const int listHeight = h - (folded ? 1590 : 2900);
     const int editorTop = h - (folded ? 520 : 1830);
     if (w - 4300 < 0 || listHeight < 0 || editorTop < 0)
         return;
     PlaceTwips(list_->ListView1, 4200, 960, w - 4300, listHeight);
     editor_->Picture4->move(TwipsToPx(4200), TwipsToPx(editorTop));
-}
-
-void Form1::ToggleFold(int part) {
-    const bool fold = !state_.FoldState[static_cast<std::size_t>(part)];
-    if (part < 5) {
-        template_->SetListFolded(part, fold);
-    } else if (part == 5) {
-        template_->SetValuesPanelFolded(fold);
-        prediction_->MoveTo(120, fold ? 5400 : 6960);
-    } else if (part == 6) {
-        prediction_->SetFolded(fold);
-    } else {
-        editor_->SetFolded(fold);
-    }
-    state_.FoldState[static_cast<std::size_t>(part)] = fold;
-    if (part == 7)
-        LayoutMainWindow();
-}
-
-void Form1::FoldAllLists() {
-    QPushButton *button = template_->Command5;
-    const bool unfold = button->text().compare(QLatin1String("Unfold all"), Qt::CaseInsensitive) == 0;
-    for (int i = 0; i < 5; ++i) {
-        template_->SetListFolded(i, !unfold);
-        state_.FoldState[static_cast<std::size_t>(i)] = !unfold;
-    }
-    button->setText(unfold ? QStringLiteral("Fold all") : QStringLiteral("Unfold all"));
-    template_->Picture2->setFocus();
 }
 
 void Form1::closeEvent(QCloseEvent *event) {
@@ -267,13 +250,9 @@ void Form1::ExitApp() {
     }
 }
 
-void Form1::ApplySecondaryWindowOptions(QWidget *window, QCheckBox *alwaysOnTop) {
-    if (state_.Settings[quorvel::Min])
+void Form1::SecondaryWindowOpened() {
+    if (model_.Settings()[quorvel::Min])
         showMinimized();
-    if (state_.Settings[quorvel::OnTop]) {
-        alwaysOnTop->setChecked(true);
-        SetTopMost(window, true);
-    }
 }
 
 void Form1::SecondaryWindowClosed() {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "AppState.h"
+#include "AppModel.h"
+#include "ModelHub.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -15,57 +16,62 @@ class Form3;
 class Form4;
 class Form5;
 class PredictionPanel;
-class QAction;
-class QCheckBox;
 class QStatusBar;
 class QToolBar;
 class TemplatePanel;
 
-// The main window: every panel of the tool, the toolbar, start-up and closing.
-class Form1 : public QMainWindow {
+// The main window: every panel of the tool, the toolbar, start-up and closing. It owns the
+// program's one model and its hub; the panels and the other windows work on those.
+class Form1 final : public QMainWindow {
     Q_OBJECT
 public:
     explicit Form1(QWidget *parent = nullptr);
     ~Form1() override;
 
-    AppState &State() { return state_; }
-    DnaListPanel &List() { return *list_; }
-    TemplatePanel &Template() { return *template_; }
-
-    // The options the Add DNA and experimentation windows follow as they open: the main
-    // window minimised, the window always on top (its check box set).
-    void ApplySecondaryWindowOptions(QWidget *window, QCheckBox *alwaysOnTop);
-    // A secondary window closed: the DNA list gets the focus and the main window its normal state.
-    void SecondaryWindowClosed();
-
-    // "Quorvel v0.55 [path]" once a file was loaded or saved.
-    void ShowFileCaption();
+    quorvel::AppModel &Model() { return model_; }
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
-private:
-    void StartMainWindow();
-    void BuildToolbar();
-    void ToolbarAction(const QString &caption);
-    void LayoutMainWindow();
-    void ToggleFold(int part);
-    void FoldAllLists();
-    void ExitApp();
-    void LoadDnaFile(bool replace, bool useLastFile);
-    void SaveDnaFile(int mode);
-    void ReadSettingsFile();
-    void WriteSettingsFile();
-    void ShowAbout();
+private slots:
+    // The toolbar's commands.
+    void LoadDna();
+    void AppendDna();
+    void Save();
+    void SaveAs();
+    void SaveWithData();
+    void SaveAsShown();
+    void ClearTemplate();
+    void NoSort();
     void ShowAddDna();
+    void ShowDnaView();
+    void ShowPetView();
     void ShowOptions();
+    void ShowAbout();
+
     void ClearExperiment();
     void SimulateExpSession();
     void ExperimentOnSample();
+    void SecondaryWindowOpened();
+    void SecondaryWindowClosed();
+
+private:
+    void StartMainWindow();
+    void BuildToolbar();
+    void LayoutMainWindow();
+    void ExitApp();
+    void LoadDnaFile(quorvel::LoadMode mode, bool useLastFile);
+    void SaveDnaFile(quorvel::SaveMode mode);
+    void ReadSettingsFile();
+    void WriteSettingsFile();
+    void OpenExperimentWindow(bool canReset);
+    // "Quorvel v0.55 [path]" once a file was loaded or saved.
+    void ShowFileCaption();
     QString ProgramFolder() const;
 
-    AppState state_;
+    quorvel::AppModel model_;
+    ModelHub hub_{model_};
     QWidget *central_ = nullptr;
     QToolBar *Toolbar1 = nullptr;
     QStatusBar *StatusBar1 = nullptr;

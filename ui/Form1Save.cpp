@@ -1,22 +1,15 @@
 #include "Form1.h"
 
-#include "DnaFile.h"
 #include "DnaListPanel.h"
+#include "UiText.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QSaveFile>
 
-#include <algorithm>
 #include <string>
-#include <vector>
 
 namespace {
-
-// The toolbar's save variants; "Save As" (0) writes what "Save" writes.
-constexpr int kSaveWithData = 1;
-constexpr int kSaveAsShown = 2;
-constexpr int kSave = 10;
 
 // Writes the whole text or nothing: the old file is replaced only once the new one is
 // complete. When the file cannot be created or written, the user is told the path and
@@ -54,8 +47,8 @@ bool Confirmed(QWidget *parent, const QString &path) {
 
 } // namespace
 
-void Form1::SaveDnaFile(int mode) {
-    const bool usesLastFile = mode == kSave && !state_.LastDnaFile.isEmpty();
+void Form1::SaveDnaFile(quorvel::SaveMode mode) {
+    const bool usesLastFile = model_.SavesWithoutDialog(mode);
     if (!usesLastFile) {
         QFileDialog dialog(this, QStringLiteral("Save DNA"), ProgramFolder(), QStringLiteral("Textfile (*.txt)"));
         dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -70,23 +63,13 @@ void Form1::SaveDnaFile(int mode) {
         const QString chosen = dialog.selectedFiles().constFirst();
         if (chosen.isEmpty())
             return;
-        state_.LastDnaFile = chosen;
+        model_.SetLastDnaFile(FromQt(chosen));
         if (!Confirmed(this, chosen))
             return;
     }
 
-    std::vector<int> savedSlots;
-    if (mode == kSaveAsShown) {
-        // The list's order as shown: each row names its sample by its "#" text.
-        const int rows = std::min<int>(state_.Library.Count, list_->RowCount());
-        for (int row = 1; row <= rows; ++row)
-            savedSlots.push_back(list_->RowSlot(row));
-    } else {
-        for (int slot = 1; slot <= state_.Library.Count; ++slot)
-            savedSlots.push_back(slot);
-    }
-    const std::string text = quorvel::FormatDnaFile(state_.Library, savedSlots, mode == kSaveWithData);
-    const QString path = state_.LastDnaFile;
+    const std::string text = model_.DnaFileText(mode, list_->ShownSlots());
+    const QString path = ToQt(model_.LastDnaFile());
     if (!WriteWholeFile(this, path, text))
         return;
 

@@ -4,7 +4,6 @@
 #include "EditorPanel.h"
 #include "Form3.h"
 #include "Twips.h"
-#include "UiText.h"
 #include "WindowUtil.h"
 
 #include <QCheckBox>
@@ -69,15 +68,11 @@ void Form1::ReadSettingsFile() {
     const QByteArray bytes = file.read(kMostSettingsBytes);
     const SettingsFileData data = ReadSettingsText(std::string_view(bytes.constData(), bytes.size()));
 
-    state_.Settings = data.settings;
-    // The points column of the experimentation window has twelve boxes.
-    state_.Settings.ExpPoints = std::clamp(state_.Settings.ExpPoints, 0, 12);
-    if (state_.Settings[LFocus]) {
+    model_.TakeSettingsFile(data);
+    if (model_.Settings()[LFocus]) {
         editor_->Check1->setChecked(true);
         editor_->Command3->setEnabled(false);
     }
-    if (state_.Settings[Load])
-        state_.LastDnaFile = ToQt(data.lastDnaFile);
     for (int c = 0; c < kListColumns; ++c) {
         if (const auto &width = data.columnWidths[static_cast<std::size_t>(c)])
             list_->SetColumnWidthTwips(c, std::clamp(*width, 0.0, kFarTwips));
@@ -94,10 +89,7 @@ void Form1::ReadSettingsFile() {
 }
 
 void Form1::WriteSettingsFile() {
-    state_.Settings.ExpPoints = ClampExpPoints(state_.Settings.ExpPoints);
-    SettingsFileData data;
-    data.settings = state_.Settings;
-    data.lastDnaFile = FromQt(state_.LastDnaFile);
+    SettingsFileData data = model_.SettingsFileContents();
     for (int c = 0; c < kListColumns; ++c)
         data.columnWidths[static_cast<std::size_t>(c)] = list_->ColumnWidthTwips(c);
     // A place or size that has not moved since it was read is written as it was read.
@@ -124,6 +116,6 @@ void Form1::WriteSettingsFile() {
 void Form1::ShowOptions() {
     // A closed window waits hidden for its deletion; opening again makes a new one.
     if (!form3_ || !form3_->isVisible())
-        form3_ = new Form3(*this);
+        form3_ = new Form3(model_);
     ShowOrFocusWindow(form3_);
 }

@@ -1,11 +1,10 @@
 #include "Form2.h"
 
+#include "AppModel.h"
 #include "Captions.h"
-#include "DnaListPanel.h"
-#include "DnaListView.h"
 #include "EntryBox.h"
 #include "Fonts.h"
-#include "Form1.h"
+#include "ModelHub.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -57,7 +56,8 @@ void TypedBox::focusOutEvent(QFocusEvent *event) {
         emit lostFocus();
 }
 
-Form2::Form2(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
+Form2::Form2(quorvel::AppModel &model, ModelHub &hub, QWidget *parent)
+    : QWidget(parent, Qt::Window), model_(model), hub_(hub) {
     SetUpSecondaryWindow(this, QStringLiteral("Form2"), QStringLiteral("Add DNA"));
     setFixedSize(TwipsToPx(kNarrowWidth), TwipsToPx(kInnerHeight));
 
@@ -168,7 +168,7 @@ void Form2::SetTabOrder() {
 }
 
 void Form2::Form_Load() {
-    main_.ApplySecondaryWindowOptions(this, Check1);
+    hub_.ApplySecondaryWindowOptions(this, Check1);
 }
 
 void Form2::closeEvent(QCloseEvent *event) {
@@ -179,7 +179,7 @@ void Form2::closeEvent(QCloseEvent *event) {
 
 void Form2::Form_Unload() {
     unloaded_ = true;
-    main_.SecondaryWindowClosed();
+    hub_.SecondaryWindowClosed();
 }
 
 void Form2::Check1_Click() {
@@ -187,8 +187,7 @@ void Form2::Check1_Click() {
 }
 
 void Form2::Label1_Click() {
-    bool &live = main_.State().LiveEvaluation;
-    live = !live;
+    const bool live = model_.ToggleLiveEvaluation();
     setFixedWidth(TwipsToPx(live ? kWideWidth : kNarrowWidth));
 }
 
@@ -199,12 +198,12 @@ void Form2::Text1_GotFocus(int box) {
 void Form2::Text1_KeyPress(int box) {
     if (unloaded_ || box > 10)
         return;
-    if (main_.State().LiveEvaluation)
+    if (model_.LiveEvaluation())
         EvaluateTypedSample();
     Text1[static_cast<std::size_t>(box) + 1]->setFocus(Qt::TabFocusReason);
 }
 
 void Form2::Text1_LostFocus(int) {
-    if (!unloaded_ && main_.State().LiveEvaluation)
+    if (!unloaded_ && model_.LiveEvaluation())
         EvaluateTypedSample();
 }

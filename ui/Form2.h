@@ -8,15 +8,19 @@
 #include <array>
 
 class ClickLabel;
-class Form1;
+class ModelHub;
 class QCheckBox;
 class QComboBox;
 class QFrame;
 class QPushButton;
 class QRadioButton;
 
+namespace quorvel {
+class AppModel;
+}
+
 // A number box of the Add DNA window; it reports gaining and losing the focus.
-class TypedBox : public QLineEdit {
+class TypedBox final : public QLineEdit {
     Q_OBJECT
 public:
     using QLineEdit::QLineEdit;
@@ -32,10 +36,10 @@ protected:
 
 // The Add DNA window: typed samples go to the library and the main list one after another,
 // and the statistics panel predicts the typed sample's pet.
-class Form2 : public QWidget {
+class Form2 final : public QWidget {
     Q_OBJECT
 public:
-    explicit Form2(Form1 &main, QWidget *parent = nullptr);
+    Form2(quorvel::AppModel &model, ModelHub &hub, QWidget *parent = nullptr);
 
     QFrame *Picture4 = nullptr;
     std::array<TypedBox *, 12> Text1{};
@@ -69,8 +73,9 @@ private:
     void EvaluateTypedSample();
     void ResetBoxes();
 
-    Form1 &main_;
+    quorvel::AppModel &model_;
+    ModelHub &hub_;
     // Set once the window has run its closing steps; the boxes then no longer act, since
-    // the main window may go away before this one is deleted.
+    // the main window and its model may go away before this one is deleted.
     bool unloaded_ = false;
 };

@@ -1,12 +1,9 @@
 #include "Form2.h"
 
-#include "DnaListPanel.h"
+#include "AppModel.h"
 #include "EntryBox.h"
-#include "Form1.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
-#include "ReferenceTables.h"
-#include "TypedSample.h"
 #include "UiText.h"
 
 #include <QComboBox>
@@ -29,10 +26,9 @@ std::optional<int16_t> ReadBox(const QLineEdit *box) {
 } // namespace
 
 void Form2::Command4_Click() {
-    AppState &state = main_.State();
     // A full library or a value that does not fit its 16-bit field stores nothing, and the
     // user is told why rather than finding a sample missing or changed.
-    if (state.Library.IsFull()) {
+    if (model_.Library().IsFull()) {
         QMessageBox::warning(
             this, windowTitle(),
             QStringLiteral("The library is full: it holds %1 samples. Nothing was saved.").arg(kMaxSamples));
@@ -63,22 +59,7 @@ void Form2::Command4_Click() {
     record.Quality = quality < 0 ? 0.0f : static_cast<float>(kQualityOfEntry[static_cast<std::size_t>(quality)]);
     record.Origin = Option1[0]->isChecked() ? 0 : 1;
 
-    const int slot = *state.Library.AppendRecord();
-    state.Library.Records[static_cast<std::size_t>(slot)] = record;
-    DnaListPanel &list = main_.List();
-    const int row = list.AddDnaRow(slot);
-    if (state.ListSorted) {
-        state.ListSorted = false;
-        list.RebuildDnaList();
-    } else {
-        for (int i = 0; i < kAttributeCount; ++i)
-            list.SetDnaCell(row, i + 2, ToQt(EditorCell(record.Attributes[static_cast<std::size_t>(i)])));
-        list.SetDnaCell(row, 1, Text1[10]->text());
-        list.SetDnaCell(row, 12, ToQt(EditorCell(record.Level)));
-        list.SetDnaCell(row, 13, ToQt(PlanetName(record.Planet).value_or(std::string())));
-        list.SetDnaCell(row, 15, ToQt(QualityName(record.Quality).value_or(std::string())));
-        list.SetDnaCell(row, 14, ToQt(OriginName(record.Origin).value_or(std::string())));
-    }
+    model_.AddDnaRecord(record);
     ResetBoxes();
 }
 
@@ -94,9 +75,5 @@ void Form2::EvaluateTypedSample() {
     std::array<double, kAttributeCount> typed{};
     for (std::size_t i = 0; i < typed.size(); ++i)
         typed[i] = ReadNumber(FromQt(Text1[i]->text()));
-    AppState &state = main_.State();
-    const TypedEvaluation result = quorvel::EvaluateTypedSample(typed, state.Equations());
-    ShowStatTexts(Label23, result.labels);
-    if (result.anyRan)
-        state.LastCreatureLevel = result.lastCreatureLevel;
+    ShowStatTexts(Label23, model_.EvaluateTypedSample(typed));
 }

@@ -1,7 +1,7 @@
 #include "Form3.h"
 
+#include "AppModel.h"
 #include "Fonts.h"
-#include "Form1.h"
 #include "Numeric.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -43,7 +43,7 @@ constexpr std::array<BoxPlace, 9> kBoxes{
 
 // A click anywhere on a box toggles it, not only on its mark and caption: the short "Old"
 // caption leaves most of its box empty.
-class WholeCheckBox : public QCheckBox {
+class WholeCheckBox final : public QCheckBox {
 public:
     using QCheckBox::QCheckBox;
 
@@ -61,7 +61,7 @@ void MakeLine(QWidget *parent, const QString &name, int top) {
 
 } // namespace
 
-Form3::Form3(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
+Form3::Form3(quorvel::AppModel &model, QWidget *parent) : QWidget(parent, Qt::Window), model_(model) {
     SetUpSecondaryWindow(this, QStringLiteral("Form3"), QStringLiteral("Options"));
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
 
@@ -116,11 +116,9 @@ void Form3::BuildControls() {
 // The boxes show the options as they are; the points are brought into 1..12 at once, so
 // they stay there also when the window is cancelled.
 void Form3::Form_Load() {
-    quorvel::Settings &settings = main_.State().Settings;
     for (std::size_t i = 0; i < Check1.size(); ++i)
-        Check1[i]->setChecked(settings.Options[i]);
-    settings.ExpPoints = quorvel::ClampExpPoints(settings.ExpPoints);
-    HScroll1->setValue(settings.ExpPoints);
+        Check1[i]->setChecked(model_.Settings().Options[i]);
+    HScroll1->setValue(model_.ClampExpPoints());
     HScroll1_Change(HScroll1->value());
 }
 
@@ -129,9 +127,9 @@ void Form3::HScroll1_Change(int value) {
 }
 
 void Form3::Command4_Click() {
-    quorvel::Settings &settings = main_.State().Settings;
+    std::array<bool, quorvel::kSettingCount> options{};
     for (std::size_t i = 0; i < Check1.size(); ++i)
-        settings.Options[i] = Check1[i]->isChecked();
-    settings.ExpPoints = HScroll1->value();
+        options[i] = Check1[i]->isChecked();
+    model_.SaveOptions(options, HScroll1->value());
     close();
 }

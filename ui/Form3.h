@@ -4,17 +4,20 @@
 
 #include <array>
 
-class Form1;
 class QCheckBox;
 class QLabel;
 class QPushButton;
 class QScrollBar;
 
+namespace quorvel {
+class AppModel;
+}
+
 // The Options window: the nine options and the experimentation points.
-class Form3 : public QWidget {
+class Form3 final : public QWidget {
     Q_OBJECT
 public:
-    explicit Form3(Form1 &main, QWidget *parent = nullptr);
+    explicit Form3(quorvel::AppModel &model, QWidget *parent = nullptr);
 
     std::array<QCheckBox *, 9> Check1{};
     QScrollBar *HScroll1 = nullptr;
@@ -28,5 +31,5 @@ private:
     void HScroll1_Change(int value);
     void Command4_Click();
 
-    Form1 &main_;
+    quorvel::AppModel &model_;
 };

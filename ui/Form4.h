@@ -3,7 +3,7 @@
 #include <QWidget>
 
 // The About window.
-class Form4 : public QWidget {
+class Form4 final : public QWidget {
     Q_OBJECT
 public:
     explicit Form4(QWidget *parent = nullptr);

@@ -1,9 +1,8 @@
 #include "Form5.h"
 
-#include "DnaListPanel.h"
-#include "DnaListView.h"
+#include "AppModel.h"
 #include "Fonts.h"
-#include "Form1.h"
+#include "ModelHub.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -58,7 +57,8 @@ void PaintBox(QWidget *box, quorvel::BoxColour colour, const QString &place, boo
 
 } // namespace
 
-Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(main) {
+Form5::Form5(quorvel::AppModel &model, ModelHub &hub, QWidget *parent)
+    : QWidget(parent, Qt::Window), model_(model), hub_(hub) {
     SetUpSecondaryWindow(this, QStringLiteral("Form5"), QStringLiteral("ExpSim"));
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
 
@@ -73,35 +73,30 @@ Form5::Form5(Form1 &main, QWidget *parent) : QWidget(parent, Qt::Window), main_(
     connect(Command3, &QPushButton::clicked, this, &Form5::Command3_Click);
     connect(Check1, &QCheckBox::clicked, this, &Form5::Check1_Click);
 
-    quorvel::CreateSession(main_.State().Session);
     OpenExperimentWindow();
 }
 
 void Form5::OpenExperimentWindow() {
-    AppState &state = main_.State();
-    main_.ApplySecondaryWindowOptions(this, Check1);
-    // A points value from a hand-edited settings file is held to the twelve boxes there are.
-    quorvel::OpenExperiment(state.Session, state.Template, state.Settings.ExpPoints);
+    model_.OpenSession();
+    hub_.ApplySecondaryWindowOptions(this, Check1);
     ShowSession();
     PredictPet();
 }
 
 void Form5::PlaceBox(int category, int box) {
-    quorvel::PlacePoint(main_.State().Session, category, box);
+    model_.PlacePoint(static_cast<quorvel::Category>(category), box);
     ShowSession();
 }
 
 void Form5::Command2_Click() {
-    AppState &state = main_.State();
-    quorvel::RunExperiment(state.Session, state.Template);
+    model_.RunExperiment();
     ShowSession();
     PredictPet();
 }
 
 void Form5::Command3_Click() {
-    AppState &state = main_.State();
-    quorvel::ResetSession(state.Session, state.Template, state.Settings.ExpPoints);
-    main_.ApplySecondaryWindowOptions(this, Check1);
+    model_.ResetSession();
+    hub_.ApplySecondaryWindowOptions(this, Check1);
     ShowSession();
     PredictPet();
 }
@@ -116,11 +111,11 @@ void Form5::closeEvent(QCloseEvent *event) {
 }
 
 void Form5::CloseExperimentWindow() {
-    main_.SecondaryWindowClosed();
+    hub_.SecondaryWindowClosed();
 }
 
 void Form5::ShowSession() {
-    const quorvel::ExperimentSession &s = main_.State().Session;
+    const quorvel::ExperimentSession &s = model_.Session();
     Label1->setText(QString::number(s.RemainingPoints));
     for (std::size_t b = 0; b < Picture4.size(); ++b)
         PaintBox(Picture4[b], s.Points[b], QStringLiteral("Point box %1").arg(b + 1), true);
@@ -139,6 +134,5 @@ void Form5::ShowSession() {
 }
 
 void Form5::PredictPet() {
-    AppState &state = main_.State();
-    ShowPetPrediction(Label23, state, state.Template.Current, quorvel::PredictionSource::Template);
+    ShowStatTexts(Label23, model_.PredictTemplatePet());
 }

@@ -7,20 +7,24 @@
 #include <array>
 
 class ClickLabel;
-class Form1;
+class ModelHub;
 class QCheckBox;
 class QFrame;
 class QLabel;
 class QPushButton;
 
+namespace quorvel {
+class AppModel;
+}
+
 // The experimentation window: the template's values, the predicted pet, the points column
 // and the five category rows of boxes. The session itself lives in the program's state; this
 // window only draws it and passes clicks on.
-class Form5 : public QWidget {
+class Form5 final : public QWidget {
     Q_OBJECT
 public:
     // Creating the window runs its opening steps on the template as it stands.
-    explicit Form5(Form1 &main, QWidget *parent = nullptr);
+    Form5(quorvel::AppModel &model, ModelHub &hub, QWidget *parent = nullptr);
 
     QFrame *Picture2 = nullptr;
     std::array<QLabel *, 11> Label14{};
@@ -62,5 +66,6 @@ private:
     void ShowSession();
     void PredictPet();
 
-    Form1 &main_;
+    quorvel::AppModel &model_;
+    ModelHub &hub_;
 };

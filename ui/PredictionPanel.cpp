@@ -1,7 +1,8 @@
 #include "PredictionPanel.h"
 
-#include "AppState.h"
+#include "AppModel.h"
 #include "Fonts.h"
+#include "ModelHub.h"
 #include "Skins.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -14,9 +15,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 
-#include <algorithm>
-
-PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(central), state_(state) {
+PredictionPanel::PredictionPanel(quorvel::AppModel &model, ModelHub &hub, QWidget *central)
+    : QObject(central), model_(model) {
     Picture3 = MakePanel(central, QStringLiteral("Picture3"), kPanelColour);
     Picture3->setFrameShape(QFrame::StyledPanel);
     PlaceTwips(Picture3, 120, 6960, 3975, 2415);
@@ -57,12 +57,18 @@ PredictionPanel::PredictionPanel(AppState &state, QWidget *central) : QObject(ce
     Command8->setObjectName(QStringLiteral("Command8"));
     PlaceTwips(Command8, 3480, 2115, 420, 285);
 
-    connect(new DropFilter(Label3), &DropFilter::dropped, this, &PredictionPanel::Label3_DragDrop);
+    connect(new DropFilter(Label3), &DropFilter::dropped, this, [this] { model_.PredictSelectedSample(); });
+    connect(Label4, &ClickLabel::clicked, this, [this] { model_.ToggleFold(quorvel::FoldPart::PetPanel); });
     // A click on an item, the box losing the focus and a scroll of its list all apply the skin.
     connect(Combo3, &QComboBox::activated, this, &PredictionPanel::ApplySkinLevel);
     Combo3->installEventFilter(this);
     connect(Combo3->view()->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this] { ApplySkinLevel(ChosenSkin()); });
+
+    connect(&hub, &ModelHub::petPredicted, this,
+            [this](const quorvel::StatTexts &texts) { ShowStatTexts(Label23, texts); });
+    connect(&hub, &ModelHub::templateCleared, this, &PredictionPanel::ClearStats);
+    connect(&hub, &ModelHub::foldChanged, this, &PredictionPanel::ShowFold);
 }
 
 bool PredictionPanel::eventFilter(QObject *watched, QEvent *event) {
@@ -80,19 +86,8 @@ int PredictionPanel::ChosenSkin() const {
 }
 
 void PredictionPanel::ApplySkinLevel(int index) {
-    if (const auto level = quorvel::ApplySkinLevel(index, state_.LastCreatureLevel))
+    if (const auto level = model_.SkinLevelText(index))
         Label23[quorvel::LevelLabel]->setText(ShownNumber(*level));
-}
-
-void PredictionPanel::PredictPetStats(const quorvel::ValueArray &values, quorvel::PredictionSource source) {
-    ShowPetPrediction(Label23, state_, values, source);
-}
-
-void PredictionPanel::Label3_DragDrop() {
-    const quorvel::AttributeArray &sample = state_.Library.Selected().Attributes;
-    quorvel::ValueArray values{};
-    std::copy(sample.begin(), sample.end(), values.begin());
-    PredictPetStats(values, quorvel::PredictionSource::Sample);
 }
 
 void PredictionPanel::ClearStats() {
@@ -100,10 +95,9 @@ void PredictionPanel::ClearStats() {
         label->setText(QStringLiteral("0"));
 }
 
-void PredictionPanel::SetFolded(bool folded) {
-    Picture3->resize(Picture3->width(), TwipsToPx(folded ? 135 : 2415));
-}
-
-void PredictionPanel::MoveTo(int leftTwips, int topTwips) {
-    Picture3->move(TwipsToPx(leftTwips), TwipsToPx(topTwips));
+void PredictionPanel::ShowFold(quorvel::FoldPart part, bool folded) {
+    if (part == quorvel::FoldPart::PetPanel)
+        Picture3->resize(Picture3->width(), TwipsToPx(folded ? 135 : 2415));
+    else if (part == quorvel::FoldPart::ValuesPanel)
+        Picture3->move(TwipsToPx(120), TwipsToPx(folded ? 5400 : 6960));
 }

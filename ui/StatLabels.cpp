@@ -1,6 +1,5 @@
 #include "StatLabels.h"
 
-#include "AppState.h"
 #include "Fonts.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -62,12 +61,4 @@ StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const Q
 void ShowStatTexts(const StatLabelArray &labels, const quorvel::StatTexts &texts) {
     for (std::size_t i = 0; i < labels.size(); ++i)
         labels[i]->setText(ShownNumber(texts[i]));
-}
-
-void ShowPetPrediction(const StatLabelArray &labels, AppState &state, const quorvel::ValueArray &values,
-                       quorvel::PredictionSource source) {
-    const quorvel::PetPrediction prediction = quorvel::PredictPetStats(values, source, state.Equations());
-    ShowStatTexts(labels, prediction.labels);
-    if (prediction.level.anyRan)
-        state.LastCreatureLevel = prediction.level.lastCreatureLevel;
 }

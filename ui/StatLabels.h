@@ -6,7 +6,6 @@
 
 #include <array>
 
-struct AppState;
 class QLabel;
 class QWidget;
 
@@ -30,8 +29,3 @@ StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const Q
 
 // Shows prediction texts with the user's decimal separator.
 void ShowStatTexts(const StatLabelArray &labels, const quorvel::StatTexts &texts);
-
-// Predicts the pet from ten values into the labels; when an equation ran, its level becomes
-// the program's last creature level.
-void ShowPetPrediction(const StatLabelArray &labels, AppState &state, const quorvel::ValueArray &values,
-                       quorvel::PredictionSource source);

@@ -1,9 +1,8 @@
 #include "TemplatePanel.h"
 
-#include "AppState.h"
 #include "Captions.h"
 #include "Fonts.h"
-#include "PredictionPanel.h"
+#include "ModelHub.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -37,8 +36,8 @@ int ContributionIndex(int category, int pair) {
 
 } // namespace
 
-TemplatePanel::TemplatePanel(AppState &state, PredictionPanel &prediction, QWidget *central)
-    : QObject(central), state_(state), prediction_(prediction) {
+TemplatePanel::TemplatePanel(quorvel::AppModel &model, ModelHub &hub, QWidget *central)
+    : QObject(central), model_(model) {
     for (int i = 0; i < 5; ++i)
         BuildCategory(central, i, kListPlaces[static_cast<std::size_t>(i)].first,
                       kListPlaces[static_cast<std::size_t>(i)].second);
@@ -63,13 +62,25 @@ TemplatePanel::TemplatePanel(AppState &state, PredictionPanel &prediction, QWidg
     for (QListWidget *list : List1)
         list->raise();
 
-    for (int i = 0; i < 5; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        connect(new DropFilter(Picture1[at]), &DropFilter::dropped, this, [this, i] { PutDnaInTemplate(i); });
-        connect(new DropFilter(List1[at]), &DropFilter::dropped, this, [this, i] { PutDnaInTemplate(i); });
+    for (const quorvel::Category category : quorvel::kCategories) {
+        const std::size_t at = quorvel::CategoryIndex(category);
+        const auto put = [this, category] { model_.PutDnaInTemplate(category); };
+        connect(new DropFilter(Picture1[at]), &DropFilter::dropped, this, put);
+        connect(new DropFilter(List1[at]), &DropFilter::dropped, this, put);
         List1[at]->viewport()->installEventFilter(this);
-        connect(Command2[at], &QPushButton::clicked, this, [this, i] { ToggleExperiment(i); });
+        connect(Command2[at], &QPushButton::clicked, this, [this, category] { model_.ToggleExperiment(category); });
+        connect(Label2[at], &ClickLabel::clicked, this,
+                [this, category] { model_.ToggleFold(quorvel::ListFold(category)); });
     }
+    connect(Label1, &ClickLabel::clicked, this, [this] { model_.ToggleFold(quorvel::FoldPart::ValuesPanel); });
+    connect(Command5, &QPushButton::clicked, this, &TemplatePanel::FoldAllLists);
+
+    connect(&hub, &ModelHub::categoryFilled, this, &TemplatePanel::ShowCategory);
+    connect(&hub, &ModelHub::categoryCleared, this, &TemplatePanel::ClearCategory);
+    connect(&hub, &ModelHub::templateCleared, this, &TemplatePanel::ClearWholeTemplate);
+    connect(&hub, &ModelHub::experimentToggled, this, &TemplatePanel::ShowExperimented);
+    connect(&hub, &ModelHub::templateEvaluated, this, &TemplatePanel::ShowEvaluation);
+    connect(&hub, &ModelHub::foldChanged, this, &TemplatePanel::ShowFold);
 }
 
 bool TemplatePanel::eventFilter(QObject *watched, QEvent *event) {
@@ -77,7 +88,7 @@ bool TemplatePanel::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::MouseButtonDblClick && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
         for (int i = 0; i < 5; ++i) {
             if (watched == List1[static_cast<std::size_t>(i)]->viewport()) {
-                ClearTemplate(i);
+                model_.ClearTemplate(quorvel::ClearScope::OneCategory, static_cast<quorvel::Category>(i));
                 return true;
             }
         }
@@ -176,20 +187,11 @@ void TemplatePanel::BuildValuesPanel(QWidget *central) {
     }
 }
 
-void TemplatePanel::ClearTemplate(int category) {
-    if (category >= 5)
-        ClearWholeTemplate();
-    else if (category >= 0)
-        ClearCategory(category);
-}
-
-void TemplatePanel::ClearCategory(int category) {
+void TemplatePanel::ClearCategory(quorvel::Category category) {
     ResetExperimentButtons();
     for (int pair = 0; pair < 5; ++pair)
-        ContributionLabel(category, pair)->setText(QStringLiteral("0"));
-    List1[static_cast<std::size_t>(category)]->clear();
-    quorvel::ClearCategory(state_.Template, category);
-    EvaluateTemplate();
+        ContributionLabel(static_cast<int>(category), pair)->setText(QStringLiteral("0"));
+    List1[quorvel::CategoryIndex(category)]->clear();
 }
 
 void TemplatePanel::ClearWholeTemplate() {
@@ -202,17 +204,21 @@ void TemplatePanel::ClearWholeTemplate() {
     for (int a = 0; a < 10; ++a)
         Label14[static_cast<std::size_t>(a)]->setText(QStringLiteral("0 [0]"));
     Label14[10]->setText(QString());
-    prediction_.ClearStats();
-    quorvel::ClearWholeTemplate(state_.Template);
 }
 
-void TemplatePanel::SetListFolded(int category, bool folded) {
-    QListWidget *list = List1[static_cast<std::size_t>(category)];
-    list->resize(list->width(), TwipsToPx(folded ? kFoldedList : kUnfoldedList));
+void TemplatePanel::ShowFold(quorvel::FoldPart part, bool folded) {
+    if (part == quorvel::FoldPart::ValuesPanel) {
+        Picture2->resize(Picture2->width(), TwipsToPx(folded ? 135 : 1695));
+    } else if (part < quorvel::FoldPart::ValuesPanel) {
+        QListWidget *list = List1[static_cast<std::size_t>(part)];
+        list->resize(list->width(), TwipsToPx(folded ? kFoldedList : kUnfoldedList));
+    }
 }
 
-void TemplatePanel::SetValuesPanelFolded(bool folded) {
-    Picture2->resize(Picture2->width(), TwipsToPx(folded ? 135 : 1695));
+void TemplatePanel::FoldAllLists() {
+    model_.FoldAllLists();
+    Command5->setText(model_.FoldAllUnfolds() ? QStringLiteral("Unfold all") : QStringLiteral("Fold all"));
+    Picture2->setFocus();
 }
 
 QLabel *TemplatePanel::ContributionLabel(int category, int pair) const {
@@ -239,44 +245,28 @@ bool TemplatePanel::TemplateComplete() const {
     });
 }
 
-void TemplatePanel::PutDnaInTemplate(int category) {
-    if (category < 0 || category >= 5)
-        return;
-    QListWidget *list = List1[static_cast<std::size_t>(category)];
+void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::CategoryView &view) {
+    QListWidget *list = List1[quorvel::CategoryIndex(category)];
     list->clear();
     ResetExperimentButtons();
-    const quorvel::CategoryView view = quorvel::PutDnaInTemplate(state_.Template, category, state_.Library.Selected());
     for (int pair = 0; pair < 5; ++pair)
-        ContributionLabel(category, pair)->setText(ToQt(view.contributions[static_cast<std::size_t>(pair)]));
+        ContributionLabel(static_cast<int>(category), pair)
+            ->setText(ToQt(view.contributions[static_cast<std::size_t>(pair)]));
     for (const std::string &line : view.lines)
         list->addItem(ToQt(line));
     list->setCurrentRow(view.selectedLine);
     list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
-    EvaluateTemplate();
 }
 
-void TemplatePanel::PutDnaInFirstFreeSlot() {
-    const int category = quorvel::FirstFreeCategory(state_.Template);
-    if (category >= 0)
-        PutDnaInTemplate(category);
+void TemplatePanel::ShowExperimented(quorvel::Category category, bool experimented) {
+    Command2[quorvel::CategoryIndex(category)]->setText(experimented ? QStringLiteral("-") : QStringLiteral("+"));
 }
 
-void TemplatePanel::ToggleExperiment(int category) {
-    if (category < 0 || category >= 5)
-        return;
-    quorvel::ToggleExperiment(state_.Template, category);
-    Command2[static_cast<std::size_t>(category)]->setText(
-        state_.Template.Experimented[static_cast<std::size_t>(category)] ? QStringLiteral("-") : QStringLiteral("+"));
-    EvaluateTemplate();
-}
-
-void TemplatePanel::EvaluateTemplate() {
-    const quorvel::TemplateEvaluation shown = quorvel::EvaluateTemplate(state_.Template);
+void TemplatePanel::ShowEvaluation(const quorvel::TemplateEvaluation &shown) {
     for (std::size_t i = 0; i < Label42.size(); ++i)
         Label42[i]->setText(ShownNumber(shown.label42[i]));
     for (std::size_t a = 0; a < shown.label14.size(); ++a)
         Label14[a]->setText(ShownNumber(shown.label14[a]));
     Label14[10]->setText(ToQt(shown.qualityText));
     SetExperimentButtonsEnabled(TemplateComplete());
-    prediction_.PredictPetStats(state_.Template.Current, quorvel::PredictionSource::Template);
 }

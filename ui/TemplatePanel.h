@@ -1,12 +1,13 @@
 #pragma once
 
+#include "AppModel.h"
+
 #include <QObject>
 
 #include <array>
 
-struct AppState;
-class PredictionPanel;
 class ClickLabel;
+class ModelHub;
 class QFrame;
 class QLabel;
 class QListWidget;
@@ -14,11 +15,12 @@ class QPushButton;
 class QWidget;
 
 // The left column of the main window: the five template category boxes, their experiment
-// buttons, the session buttons and the template values panel.
-class TemplatePanel : public QObject {
+// buttons, the session buttons and the template values panel. The user's actions go to the
+// model; the panel redraws itself from the model's template changes.
+class TemplatePanel final : public QObject {
     Q_OBJECT
 public:
-    TemplatePanel(AppState &state, PredictionPanel &prediction, QWidget *central);
+    TemplatePanel(quorvel::AppModel &model, ModelHub &hub, QWidget *central);
 
     std::array<ClickLabel *, 5> Label2{};
     std::array<QListWidget *, 5> List1{};
@@ -36,22 +38,6 @@ public:
     ClickLabel *Label1 = nullptr;       // folds Picture2
     std::array<QLabel *, 11> Label14{}; // 0..9 values, 10 quality
 
-    // Copies the selected sample into a category, redraws its box and evaluates.
-    void PutDnaInTemplate(int category);
-    // The selected sample into the first category whose slot is named "-".
-    void PutDnaInFirstFreeSlot();
-    void ToggleExperiment(int category);
-    // Caps, current values, captions and buttons from the slots; then the pet prediction.
-    void EvaluateTemplate();
-
-    // A category 0..4 is emptied and the template evaluated; 5 or more empties every
-    // category box and the template and statistics captions without an evaluation.
-    void ClearTemplate(int category);
-
-    // Folding of the category lists (twips heights 225 folded, 1200 unfolded).
-    void SetListFolded(int category, bool folded);
-    void SetValuesPanelFolded(bool folded);
-
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -59,8 +45,16 @@ private:
     void BuildCategory(QWidget *central, int i, int left, int top);
     void BuildValuesPanel(QWidget *central);
 
-    void ClearCategory(int category);
+    // A sample put in a category: its lines and contributions.
+    void ShowCategory(quorvel::Category category, const quorvel::CategoryView &view);
+    void ClearCategory(quorvel::Category category);
     void ClearWholeTemplate();
+    void ShowExperimented(quorvel::Category category, bool experimented);
+    // Captions and buttons after an evaluation.
+    void ShowEvaluation(const quorvel::TemplateEvaluation &shown);
+    void FoldAllLists();
+    // Folding of the category lists (twips heights 225 folded, 1200 unfolded) and the values panel.
+    void ShowFold(quorvel::FoldPart part, bool folded);
     // Every category back to "+" and the seven experiment buttons off until the next evaluation.
     void ResetExperimentButtons();
     void SetExperimentButtonsEnabled(bool enabled);
@@ -69,6 +63,5 @@ private:
     // The contribution label of `pair` in box `category`.
     QLabel *ContributionLabel(int category, int pair) const;
 
-    AppState &state_;
-    PredictionPanel &prediction_;
+    quorvel::AppModel &model_;
 };

@@ -23,7 +23,7 @@ class TestEditor : public WindowTest {
     QTreeWidget *List() { return Find<QTreeWidget>(form_.get(), u"ListView1"_s); }
     QLineEdit *Box(int i) { return Find<QLineEdit>(form_.get(), u"Text1_%1"_s.arg(i)); }
     void Click(const QString &name) { ClickWidget(Find<QWidget>(form_.get(), name)); }
-    const quorvel::DnaRecord &Record(int slot) { return form_->State().Library.Records[std::size_t(slot)]; }
+    const quorvel::DnaRecord &Record(int slot) { return form_->Model().Library().Records[std::size_t(slot)]; }
     // A new main window with the samples loaded; it takes the keyboard back from the file dialog by itself.
     void Open(const QStringList &lines = kSamples) {
         form_.reset();
@@ -102,14 +102,14 @@ private slots:
         ClickRow(List(), 1);
         Click(u"Command4"_s);
         QCOMPARE(Row(3, {0, 1, 2}), u"3|New DNA|"_s);
-        QCOMPARE(form_->State().Library.SelectedRow, 3);
+        QCOMPARE(form_->Model().Library().SelectedRow, 3);
         QCOMPARE(Box(10)->text(), u"New DNA"_s);
         // A New on a sorted list rebuilds it in slot order.
         ClickHeader(List(), 11);
         QCOMPARE(Cell(List(), 1, 0), u"3"_s);
         Click(u"Command4"_s);
         QCOMPARE(Row(4, {0, 1, 2}), u"4|New DNA|   0"_s);
-        QCOMPARE(form_->State().Library.SelectedRow, 4);
+        QCOMPARE(form_->Model().Library().SelectedRow, 4);
         // After a shorter load the slot used may still hold an older sample: New empties it.
         LoadSamples(form_.get(), kSamples.mid(2, 1));
         Click(u"Command4"_s);

@@ -78,7 +78,7 @@ private slots:
         QVERIFY(!boxShown);
         QCOMPARE(Column(1), u"Mott"_s);
         QCOMPARE(form_->windowTitle(), title);
-        QCOMPARE(form_->State().LastDnaFile, TempFolder() + u"/missing.txt"_s);
+        QCOMPARE(QString::fromStdString(form_->Model().LastDnaFile()), TempFolder() + u"/missing.txt"_s);
     }
 
     void headerSortsAsTextNoSortRebuildsAndRightClickOpensTheMenu() {
@@ -93,17 +93,17 @@ private slots:
         ClickHeader(List(), 11);
         QCOMPARE(Column(1), u"Mott|Big Hard|Low Hard|Gurrcat"_s);
         ClickRow(List(), 1);
-        QCOMPARE(form_->State().Library.SelectedRecord, 4);
+        QCOMPARE(form_->Model().Library().SelectedRecord, 4);
         // No Sort rebuilds the rows in slot order with the rebuilt padding; the selection follows.
         Trigger(u"No Sort"_s);
-        QCOMPARE(form_->State().Library.SelectedRow, 4);
+        QCOMPARE(form_->Model().Library().SelectedRow, 4);
         QCOMPARE(Column(4), u" 300| 500|  13|  70"_s);
 
         ClickRow(List(), 2, Qt::RightButton);
         auto *menu = Find<QMenu>(form_.get(), u"m_test"_s);
         QTRY_VERIFY(menu->isVisible());
         QCOMPARE(menu->defaultAction()->text(), u"Send to Physique"_s);
-        QCOMPARE(form_->State().Library.SelectedRecord, 2);
+        QCOMPARE(form_->Model().Library().SelectedRecord, 2);
         menu->close();
     }
 

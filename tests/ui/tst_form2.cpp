@@ -60,7 +60,7 @@ private slots:
         AnswerMessageBox(QMessageBox::Ok, nullptr, &text);
         Click(form2, "Command4");
         QVERIFY2(text.contains(QLatin1String("Power")), qPrintable(text));
-        form->State().Library.Count = 500;
+        form->Model().Library().Count = 500;
         AnswerMessageBox(QMessageBox::Ok, nullptr, &text);
         Click(form2, "Command4");
         QVERIFY2(text.contains(QLatin1String("full")), qPrintable(text));
@@ -70,7 +70,7 @@ private slots:
 
     void theSwitchOutlivesTheWindowAndExitRestoresTheMainWindow() {
         auto form = MakeForm1();
-        form->State().Settings[quorvel::Min] = true;
+        form->Model().Settings()[quorvel::Min] = true;
         QWidget *form2 = OpenAddDna(form.get());
         QVERIFY(form->isMinimized());
         // ">>" widens the window and switches evaluation on: leaving a box refreshes the panel.
@@ -88,7 +88,7 @@ private slots:
         form2 = OpenAddDna(form.get());
         QCOMPARE(form2->width(), 230);
         Click(form2, "Label1");
-        QVERIFY(!form->State().LiveEvaluation);
+        QVERIFY(!form->Model().LiveEvaluation());
     }
 };
 

@@ -45,9 +45,10 @@ private slots:
         QCOMPARE(Scroll(form3)->minimum(), 1);
         QCOMPARE(Scroll(form3)->maximum(), 12);
         // The opening alone brings the points without a file from 0 to 1.
-        QCOMPARE(form->State().Settings.ExpPoints, 1);
+        QCOMPARE(form->Model().Settings().ExpPoints, 1);
         ChangeAndPress(form3, "Command1");
-        QVERIFY(form->State().Settings.Options == quorvel::Settings().Options && form->State().Settings.ExpPoints == 1);
+        QVERIFY(form->Model().Settings().Options == quorvel::Settings().Options &&
+                form->Model().Settings().ExpPoints == 1);
         ChangeAndPress(OpenOptions(form.get()), "Command4");
         form->close();
         QCOMPARE(ReadFileBytes(SettingsPath()), QByteArray("Min\r\nOnTop\r\nOld\r\nNew1\r\nExp\r\n 5 \r\n"));

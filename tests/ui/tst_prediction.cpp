@@ -36,7 +36,7 @@ private slots:
 
         LoadSamples(form.get(), {QStringLiteral("300,300,300,300,300,300,300,300,300,300,Even,10,1,0,2")});
         for (quorvel::SettingIndex equation : {quorvel::Old, quorvel::New1, quorvel::New2})
-            form->State().Settings[equation] = true;
+            form->Model().Settings()[equation] = true;
         ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 1);
         QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Label3"))));
         const quorvel::ValueArray even{300, 300, 300, 300, 300, 300, 300, 300, 300, 300};
