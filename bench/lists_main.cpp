@@ -3,12 +3,10 @@
 // the same 500 x 16 texts; and sorting by a column then "No Sort", against the bare view's own
 // sort and a refill. Each side includes the repaint that follows it. Prints table rows.
 //   quorvel_bench_lists [rounds]
+#include "AppModel.h"
 #include "DnaFile.h"
-#include "DnaListPanel.h"
-#include "DnaListView.h"
 #include "Form1.h"
 #include "Samples.h"
-#include "TemplatePanel.h"
 #include "UiText.h"
 
 #include <QApplication>
@@ -20,24 +18,18 @@
 #include <QTreeWidget>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
-#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int kPowerColumn = 11;
 
-// The loader's part of "Append DNA" once the dialog has given the path.
-void LoadThroughLoader(Form1 &form, const std::string &path) {
-    form.Template().ClearTemplate(6);
-    form.List().SetListSorting(false);
-    std::ifstream in(path, std::ios::binary);
-    std::vector<std::pair<int, quorvel::RowCells>> rows;
-    quorvel::LoadDnaStream(in, form.State().Library,
-                           [&rows](int slot, const quorvel::RowCells &cells) { rows.emplace_back(slot, cells); });
-    form.List().AppendDnaRows(rows);
+// The loader's part of a load once the dialog has given the path.
+void LoadThroughLoader(quorvel::AppModel &model, const std::string &path, quorvel::LoadMode mode) {
+    model.SetLastDnaFile(path);
+    model.StartLoad();
+    model.ReadDnaFile(mode);
 }
 
 void FillBare(QTreeWidget &view, const std::vector<QStringList> &rows) {
@@ -70,8 +62,9 @@ int main(int argc, char *argv[]) {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
     QApplication app(argc, argv);
     const std::string path = QDir::tempPath().toStdString() + "/quorvel_bench_500.txt";
+    const std::string emptyPath = QDir::tempPath().toStdString() + "/quorvel_bench_empty.txt";
     const std::string text = bench::SampleDnaText(500);
-    if (!bench::WriteFile(path, text))
+    if (!bench::WriteFile(path, text) || !bench::WriteFile(emptyPath, ""))
         return 1;
 
     // The same texts the loader puts in the rows.
@@ -89,16 +82,18 @@ int main(int argc, char *argv[]) {
 
     Form1 form;
     form.show();
+    quorvel::AppModel &model = form.Model();
+    auto *list = form.findChild<QTreeWidget *>(QStringLiteral("ListView1"));
     // The bare view has the list's size, place and header texts.
     QMainWindow bareWindow;
     bareWindow.setCentralWidget(new QWidget);
     auto *bare = new QTreeWidget(bareWindow.centralWidget());
     QStringList labels;
     for (int c = 0; c < quorvel::kListColumns; ++c)
-        labels << form.List().ListView1->headerItem()->text(c);
+        labels << list->headerItem()->text(c);
     bare->setHeaderLabels(labels);
     bareWindow.resize(form.size());
-    bare->setGeometry(form.List().ListView1->geometry());
+    bare->setGeometry(list->geometry());
     bareWindow.show();
     if (!QTest::qWaitForWindowExposed(&form) || !QTest::qWaitForWindowExposed(&bareWindow))
         return 1;
@@ -106,14 +101,14 @@ int main(int argc, char *argv[]) {
     QAction *noSort = ToolbarAction(form, QStringLiteral("No Sort"));
     std::vector<double> oursLoad, bareLoad, oursSort, bareSort;
     for (int round = 0; round < rounds; ++round) {
-        form.State().Library.ClearLibrary();
-        form.List().ClearDnaRows();
+        // Loading an empty file empties the library and the list.
+        LoadThroughLoader(model, emptyPath, quorvel::LoadMode::Replace);
         bare->clear();
         QCoreApplication::processEvents();
-        oursLoad.push_back(TimedMs([&] { LoadThroughLoader(form, path); }));
+        oursLoad.push_back(TimedMs([&] { LoadThroughLoader(model, path, quorvel::LoadMode::Append); }));
         bareLoad.push_back(TimedMs([&] { FillBare(*bare, rows); }));
         oursSort.push_back(TimedMs([&] {
-            form.List().SortDnaList(kPowerColumn);
+            model.SortDnaList(static_cast<quorvel::ListColumn>(kPowerColumn));
             QCoreApplication::processEvents();
             noSort->trigger();
         }));
@@ -125,6 +120,7 @@ int main(int argc, char *argv[]) {
         }));
     }
     std::remove(path.c_str());
+    std::remove(emptyPath.c_str());
     bench::PrintRow("load 500 samples with rows", bench::Median(oursLoad), bench::Median(bareLoad), "ms", 1.5);
     bench::PrintRow("sort + No Sort of 500 rows", bench::Median(oursSort), bench::Median(bareSort), "ms", 1.5);
     return 0;
