@@ -1,3 +1,4 @@
+#include "DisplayScale.h"
 #include "Form1.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@ int main(int argc, char *argv[]) {
     QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
     Q_INIT_RESOURCE(quorvel);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quorvel.svg")));
+    ApplyDisplayScale(PreferredDisplayScale());
     Form1 window;
     window.show();
     return app.exec();

@@ -64,7 +64,7 @@ Form1::Form1(QWidget *parent) : QMainWindow(parent) {
     StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
     setStatusBar(StatusBar1);
     // The layout never goes negative: the left column and a strip of the list always fit.
-    setMinimumSize(640, 480);
+    setMinimumSize(TwipsToPx(9600), TwipsToPx(7200));
     // The panels are laid out in fixed places, in the platform's small font.
     central_->setFont(ReadableFont());
 
@@ -107,7 +107,7 @@ void Form1::StartMainWindow() {
 void Form1::BuildToolbar() {
     Toolbar1 = new QToolBar(central_);
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
-    Toolbar1->setIconSize(QSize(16, 16));
+    Toolbar1->setIconSize(QSize(TwipsToPx(240), TwipsToPx(240)));
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     Toolbar1->setMovable(false);
     Toolbar1->setFloatable(false);

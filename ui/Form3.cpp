@@ -1,6 +1,7 @@
 #include "Form3.h"
 
 #include "AppModel.h"
+#include "DisplayScale.h"
 #include "Fonts.h"
 #include "Numeric.h"
 #include "Twips.h"
@@ -8,6 +9,7 @@
 #include "Widgets.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -66,6 +68,7 @@ Form3::Form3(quorvel::AppModel &model, QWidget *parent) : QWidget(parent, Qt::Wi
     setFixedSize(TwipsToPx(kInnerWidth), TwipsToPx(kInnerHeight));
 
     BuildControls();
+    BuildDisplayScale();
     FitButtonCaptions(this);
     Form_Load();
 }
@@ -113,6 +116,20 @@ void Form3::BuildControls() {
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
 }
 
+// Between the panel and the buttons, where nothing else stands.
+void Form3::BuildDisplayScale() {
+    QLabel *caption = MakeLabel(this, QStringLiteral("DisplayScaleLabel"),
+                                QStringLiteral("Display scale (next start):"), 240, 3525, 3060, 255);
+    DisplayScaleBox = new QComboBox(this);
+    DisplayScaleBox->setObjectName(QStringLiteral("DisplayScaleBox"));
+    DisplayScaleBox->setAccessibleName(QStringLiteral("Display scale"));
+    caption->setBuddy(DisplayScaleBox);
+    for (int percent = kSmallestScale; percent <= kLargestScale; percent += kScaleStep)
+        DisplayScaleBox->addItem(QStringLiteral("%1 %").arg(percent), percent);
+    DisplayScaleBox->setCurrentIndex(DisplayScaleBox->findData(PreferredDisplayScale()));
+    PlaceTwips(DisplayScaleBox, 3345, 3510, 1335, 285);
+}
+
 // The boxes show the options as they are; the points are brought into 1..12 at once, so
 // they stay there also when the window is cancelled.
 void Form3::Form_Load() {
@@ -131,5 +148,9 @@ void Form3::Command4_Click() {
     for (std::size_t i = 0; i < Check1.size(); ++i)
         options[i] = Check1[i]->isChecked();
     model_.SaveOptions(options, HScroll1->value());
+    // Only a scale the user picked is kept: an untouched box goes on following the screen.
+    const int scale = DisplayScaleBox->currentData().toInt();
+    if (scale != PreferredDisplayScale())
+        StoreDisplayScale(scale);
     close();
 }

@@ -5,6 +5,7 @@
 #include <array>
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QPushButton;
 class QScrollBar;
@@ -24,9 +25,12 @@ public:
     QLabel *Label3 = nullptr;
     QPushButton *Command4 = nullptr; // "Save"
     QPushButton *Command1 = nullptr; // "Cancel"
+    // The display scale, kept apart from the settings file; it counts from the next start.
+    QComboBox *DisplayScaleBox = nullptr;
 
 private:
     void BuildControls();
+    void BuildDisplayScale();
     void Form_Load();
     void HScroll1_Change(int value);
     void Command4_Click();

@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QToolBar>
@@ -216,6 +217,9 @@ void CloseAllWindows() {
 void WindowTest::init() {
     QLocale::setDefault(QLocale::c());
     RemoveSettingsFile();
+    // The user's preferences (the display scale) go to a folder of the test's own, empty at first.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, TempFolder() + QStringLiteral("/config"));
+    QSettings(QStringLiteral("quorvel"), QStringLiteral("display")).clear();
 }
 
 void WindowTest::cleanup() {

@@ -72,8 +72,8 @@ QWidget *TopLevel(const QString &name);
 // Closes and deletes every top-level window the test left open.
 void CloseAllWindows();
 
-// A window test's common set-up: the C locale and no settings file before every test,
-// every secondary window closed after it. Test classes derive from it.
+// A window test's common set-up: the C locale, no settings file and no stored preferences
+// before every test, every secondary window closed after it. Test classes derive from it.
 class WindowTest : public QObject {
     Q_OBJECT
 private slots:
