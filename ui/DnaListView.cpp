@@ -1,6 +1,7 @@
 #include "DnaListView.h"
 
 #include <QMouseEvent>
+#include <QStyle>
 
 DnaListView::DnaListView(QWidget *parent) : QTreeWidget(parent) {
     setRootIsDecorated(false);
@@ -35,10 +36,22 @@ void DnaListView::startDrag(Qt::DropActions supportedActions) {
 }
 
 QVariant DnaListItem::data(int column, int role) const {
+    if (role == Qt::ToolTipRole && column == 1)
+        return NameCut() ? QTreeWidgetItem::data(column, Qt::DisplayRole) : QVariant();
     const QVariant value = QTreeWidgetItem::data(column, role);
     if (role == Qt::TextAlignmentRole && column >= 1 && !value.isValid())
         return QVariant(static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
     return value;
+}
+
+bool DnaListItem::NameCut() const {
+    const QTreeWidget *view = treeWidget();
+    if (!view)
+        return false;
+    // The cell's text keeps a margin on either side, as the item delegate draws it.
+    const int margin = view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+    const QString name = QTreeWidgetItem::data(1, Qt::DisplayRole).toString();
+    return view->fontMetrics().horizontalAdvance(name) + 2 * margin > view->columnWidth(1);
 }
 
 bool DnaListItem::operator<(const QTreeWidgetItem &other) const {

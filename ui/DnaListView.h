@@ -24,10 +24,14 @@ protected:
 
 // A row of the DNA list; rows compare their texts as text, ignoring letter case, so that
 // the blanks in front of numbers give numeric order. Every column but "#" is right-aligned
-// unless a cell is given its own alignment.
+// unless a cell is given its own alignment. A name too long for its column has the full
+// name as its tooltip.
 class DnaListItem : public QTreeWidgetItem {
 public:
     using QTreeWidgetItem::QTreeWidgetItem;
     QVariant data(int column, int role) const override;
     bool operator<(const QTreeWidgetItem &other) const override;
+
+private:
+    bool NameCut() const;
 };

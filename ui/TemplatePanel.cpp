@@ -192,6 +192,7 @@ void TemplatePanel::ClearCategory(quorvel::Category category) {
     for (int pair = 0; pair < 5; ++pair)
         ContributionLabel(static_cast<int>(category), pair)->setText(QStringLiteral("0"));
     List1[quorvel::CategoryIndex(category)]->clear();
+    ShowSampleTip(quorvel::CategoryIndex(category), QString());
 }
 
 void TemplatePanel::ClearWholeTemplate() {
@@ -200,6 +201,7 @@ void TemplatePanel::ClearWholeTemplate() {
     for (int k = 0; k < 5; ++k) {
         List1[static_cast<std::size_t>(k)]->clear();
         Label42[static_cast<std::size_t>(k)]->setText(QStringLiteral("0%/0%"));
+        ShowSampleTip(static_cast<std::size_t>(k), QString());
     }
     for (int a = 0; a < 10; ++a)
         Label14[static_cast<std::size_t>(a)]->setText(QStringLiteral("0 [0]"));
@@ -256,6 +258,26 @@ void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::Cate
         list->addItem(ToQt(line));
     list->setCurrentRow(view.selectedLine);
     list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
+
+    // The list shows one pair at a time; the tooltip shows the whole sample.
+    const quorvel::TemplateSlot &slot = model_.Template().Slots[quorvel::CategoryIndex(category)];
+    QStringList tip{ToQt(slot.Name)};
+    for (std::size_t a = 0; a < slot.Attributes.size(); a += 2)
+        tip << QStringLiteral("%1 %2, %3 %4")
+                   .arg(SampleBoxCaption(static_cast<int>(a)))
+                   .arg(slot.Attributes[a])
+                   .arg(SampleBoxCaption(static_cast<int>(a) + 1))
+                   .arg(slot.Attributes[a + 1]);
+    ShowSampleTip(quorvel::CategoryIndex(category), tip.join(QLatin1Char('\n')));
+}
+
+void TemplatePanel::ShowSampleTip(std::size_t category, const QString &tip) {
+    for (QWidget *box : {static_cast<QWidget *>(List1[category]), static_cast<QWidget *>(Picture1[category])}) {
+        box->setToolTip(tip);
+        box->setAccessibleDescription(tip);
+    }
+    for (int line = 0; line < List1[category]->count(); ++line)
+        List1[category]->item(line)->setToolTip(tip);
 }
 
 void TemplatePanel::ShowExperimented(quorvel::Category category, bool experimented) {

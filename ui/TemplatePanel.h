@@ -49,6 +49,8 @@ private:
     void ShowCategory(quorvel::Category category, const quorvel::CategoryView &view);
     void ClearCategory(quorvel::Category category);
     void ClearWholeTemplate();
+    // The box's tooltip and accessible description: its sample's name and ten values, or none.
+    void ShowSampleTip(std::size_t category, const QString &tip);
     void ShowExperimented(quorvel::Category category, bool experimented);
     // Captions and buttons after an evaluation.
     void ShowEvaluation(const quorvel::TemplateEvaluation &shown);

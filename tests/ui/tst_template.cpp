@@ -2,6 +2,7 @@
 
 #include "Form1.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -52,6 +53,36 @@ private slots:
         QVERIFY(DropOn(Category(form.get(), 3)->viewport()));
         QCOMPARE(Category(form.get(), 3)->item(0)->text(), QStringLiteral("Even"));
         QVERIFY(ExperimentButtons(form.get(), false));
+    }
+
+    // A category box tells its sample whole; a DNA list row its name when the column cuts it.
+    void tooltipsShowTheWholeSample() {
+        auto form = MakeForm1();
+        const QString longName = QStringLiteral("Old Dathomir Rancor Matriarch");
+        LoadSamples(form.get(), {kUneven, QStringLiteral("1,2,3,4,5,6,7,8,9,10,%1,20,1,1,3").arg(longName)});
+        auto *list = Find<QTreeWidget>(form.get(), QStringLiteral("ListView1"));
+        const auto nameTip = [list](int row) { return list->model()->index(row - 1, 1).data(Qt::ToolTipRole); };
+        QVERIFY(!nameTip(1).isValid());
+        QCOMPARE(nameTip(2).toString(), longName);
+        list->header()->resizeSection(1, 400);
+        QVERIFY(!nameTip(2).isValid());
+
+        SendToCategory(form.get(), 2, 3);
+        const QString tip = longName + QStringLiteral("\nHardiness: 1, Fortitude: 2\nDexterity: 3, Endurance: 4\n"
+                                                      "Intellect: 5, Cleverness: 6\nDependability: 7, Courage: 8\n"
+                                                      "Fierceness: 9, Power: 10");
+        QListWidget *psychology = Category(form.get(), 3);
+        auto *box = Find<QWidget>(form.get(), QStringLiteral("Picture1_3"));
+        QCOMPARE(psychology->toolTip(), tip);
+        QCOMPARE(psychology->accessibleDescription(), tip);
+        QCOMPARE(psychology->item(4)->toolTip(), tip);
+        QCOMPARE(box->toolTip(), tip);
+        QCOMPARE(box->accessibleDescription(), tip);
+        QVERIFY(Category(form.get(), 0)->toolTip().isEmpty());
+
+        QTest::mouseDClick(psychology->viewport(), Qt::LeftButton, Qt::NoModifier,
+                           psychology->viewport()->rect().center());
+        QVERIFY(psychology->toolTip().isEmpty() && box->accessibleDescription().isEmpty());
     }
 
     void doubleClicksFillTheTemplate() {
