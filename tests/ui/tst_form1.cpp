@@ -54,6 +54,8 @@ private slots:
         form_ = MakeForm1();
         LoadSamples(form_.get(), kSamples, u"four.txt"_s);
         QCOMPARE(form_->windowTitle(), u"Quorvel v0.55 [%1/four.txt]"_s.arg(TempFolder()));
+        // The keyboard goes to the rows just loaded.
+        QTRY_COMPARE(QApplication::focusWidget(), List());
         // The loader's text of a cell is shown as read, padded.
         QCOMPARE(Cell(List(), 3, 4), u" 12.7"_s);
         // Append numbers its rows on after the ones shown.
