@@ -1,6 +1,6 @@
 // Takes the windows' screenshots for tools/screenshots.sh: the main window with the README
 // tour's template, the experimentation window in the middle of a session, Add DNA with its
-// live panel and Options. Usage: quorvel_screenshots OUTPUT_FOLDER SCALE_PERCENT
+// live panel, Options and About. Usage: quorvel_screenshots OUTPUT_FOLDER SCALE_PERCENT
 #include "DisplayScale.h"
 #include "Form1.h"
 
@@ -129,18 +129,24 @@ void FillTemplate(QWidget *form1) {
     }
 }
 
-// Places and runs a point in three rows, on each row's first white box.
-void SpendPoints(QWidget *form5) {
-    for (const char *row : {"Picture5", "Picture7", "Picture9"}) {
-        for (int b = 0; b < 10; ++b) {
-            auto *box = form5->findChild<QWidget *>(QStringLiteral("%1_%2").arg(QLatin1String(row)).arg(b));
-            if (box && box->isVisible() && box->palette().color(QPalette::Window) == Qt::white) {
-                Click(box);
-                Click(form5->findChild<QWidget *>(QStringLiteral("Command2")));
-                break;
-            }
+// Places a point on a row's first white box.
+void PlacePoint(QWidget *form5, const char *row) {
+    for (int b = 0; b < 10; ++b) {
+        auto *box = form5->findChild<QWidget *>(QStringLiteral("%1_%2").arg(QLatin1String(row)).arg(b));
+        if (box && box->isVisible() && box->palette().color(QPalette::Window) == Qt::white) {
+            Click(box);
+            return;
         }
     }
+}
+
+// Runs a point in three rows and leaves a fourth placed, not yet run.
+void SpendPoints(QWidget *form5) {
+    for (const char *row : {"Picture5", "Picture7", "Picture9"}) {
+        PlacePoint(form5, row);
+        Click(form5->findChild<QWidget *>(QStringLiteral("Command2")));
+    }
+    PlacePoint(form5, "Picture6");
 }
 
 void TypeSample(QWidget *form2) {
@@ -209,6 +215,8 @@ int main(int argc, char *argv[]) {
 
     Trigger(&form1, QStringLiteral("Options"));
     ok = Save(Visible(QStringLiteral("Form3")), folder, QStringLiteral("options-%1.png").arg(scale)) && ok;
+    Trigger(&form1, QStringLiteral("About"));
+    ok = Save(Visible(QStringLiteral("Form4")), folder, QStringLiteral("about-%1.png").arg(scale)) && ok;
     form1.close();
     return ok ? 0 : 1;
 }
