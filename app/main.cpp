@@ -1,17 +1,17 @@
 #include "DisplayScale.h"
 #include "Form1.h"
+#include "Resources.h"
+#include "Version.h"
 
 #include <QApplication>
-#include <QIcon>
 
 int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
     // The name also names the user's settings folder when the program's own is read-only.
     QCoreApplication::setApplicationName(QStringLiteral("quorvel"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(QUORVEL_VERSION));
+    QCoreApplication::setApplicationVersion(QLatin1String(version::kText));
     QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
-    Q_INIT_RESOURCE(quorvel);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quorvel.svg")));
+    QApplication::setWindowIcon(ProgramIcon());
     ApplyDisplayScale(PreferredDisplayScale());
     Form1 window;
     window.show();

@@ -35,9 +35,6 @@ float ToSingle(double x) {
 
 namespace {
 
-constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,
-                                   1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
-
 // n / 10^decimals in plain decimals with no trailing zeros in the fraction.
 char *WriteDecimal(char *out, bool negative, uint64_t n, int decimals) {
     while (decimals > 0 && n % 10 == 0) {

@@ -11,6 +11,10 @@
 // (2.675 to 2 decimals: 2.675 * 100 is 267.5 in doubles, so the result is 2.68).
 namespace quorvel {
 
+// 10^0 .. 10^22, every one an exact double; the table spares a pow call per value.
+inline constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                          1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
 // Nearest whole number, halves to even, as a double (no range check).
 inline double RoundHalfEven(double x) {
     // Adding and taking away 2^52 leaves no room for a fraction, so the sum is rounded to
@@ -25,10 +29,7 @@ inline double RoundHalfEven(double x) {
 
 // x scaled by 10^decimals, rounded half to even, scaled back.
 inline double RoundHalfEven(double x, int decimals) {
-    // Powers of ten up to 10^22 are exact doubles; the table spares a pow call per value.
-    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    const double scale = decimals >= 0 && decimals <= 22 ? kPowers[decimals] : std::pow(10.0, decimals);
+    const double scale = decimals >= 0 && decimals <= 22 ? kPowersOfTen[decimals] : std::pow(10.0, decimals);
     // The scaled double is rounded as it stands: 2.675 * 100 is 267.5 in doubles, which goes
     // to the even 268, so 2.675 rounds to 2.68 like every other tie the scaling produces.
     return RoundHalfEven(x * scale) / scale;

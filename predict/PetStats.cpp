@@ -3,6 +3,7 @@
 #include "DnaRecord.h"
 #include "Numeric.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -100,15 +101,15 @@ double LevelPolynomial(LevelEquation equation, double level) {
 CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq) {
     // The integer sums are formed in 64 bits: Power 1000 with the other values at several
     // hundred already leaves the 16-bit range the values are stored in.
-    const auto at = [&v](Attribute a) { return static_cast<int64_t>(v[a]); };
-    const int64_t oldSum = 9 * at(Hardiness) + at(Fortitude) + 2 * at(Dexterity) + 2 * at(Endurance) + at(Intellect) +
-                           at(Cleverness) + at(Dependability) + at(Courage) + 2 * at(Fierceness);
-    const int64_t new1Sum = oldSum + at(Intellect);
+    std::array<int64_t, 10> wide{};
+    std::copy(v.begin(), v.end(), wide.begin());
+    const int64_t oldSum = LevelSum<int64_t>(wide, 1);
+    const int64_t new1Sum = LevelSum<int64_t>(wide, 2);
     const double power = static_cast<double>(v[Power]);
 
     const auto weightedLevel = [&](int64_t sum) {
         if (source == PredictionSource::Sample)
-            return RoundHalfEven(static_cast<double>(sum + 30 * at(Power)) / 100);
+            return RoundHalfEven(static_cast<double>(sum + 30 * wide[Power]) / 100);
         return RoundHalfEven((power * 29.999 + static_cast<double>(sum)) / 100);
     };
 

@@ -62,6 +62,13 @@ enum class LevelEquation { Old, New1, New2 };
 // otherwise.
 double LevelPolynomial(LevelEquation equation, double level);
 
+// X of the creature-level equations before Power, added left to right in the order written:
+// Hardiness nine times, Dexterity, Endurance and Fierceness twice, Intellect once (Old, New2)
+// or twice (New1), the others once. Each prediction adds its own Power term at the end.
+template <typename T> T LevelSum(const std::array<T, 10> &v, T intellectWeight) {
+    return 9 * v[0] + v[1] + 2 * v[2] + 2 * v[3] + intellectWeight * v[4] + v[5] + v[6] + v[7] + 2 * v[8];
+}
+
 struct PetPrediction {
     StatTexts labels;
     CreatureLevel level;

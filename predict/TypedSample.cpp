@@ -15,11 +15,9 @@ namespace {
 
 using Typed = std::array<double, 10>;
 
-// X of the creature-level equations, added left to right in the order written; the
-// equations differ only in the weights of Intellect and Power.
+// X of the creature-level equations with the Power term the typed values take.
 double WeightedSum(const Typed &v, double intellectWeight, double powerWeight) {
-    return 9 * v[0] + v[1] + 2 * v[2] + 2 * v[3] + intellectWeight * v[4] + v[5] + v[6] + v[7] + 2 * v[8] +
-           powerWeight * v[9];
+    return LevelSum(v, intellectWeight) + powerWeight * v[9];
 }
 
 // The bracket of the Armor label. Levels that do not fit 16 bits, or whose level armor

@@ -8,3 +8,10 @@ QString SampleBoxCaption(int index) {
         "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
     return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
 }
+
+QString StatCaption(int index) {
+    static constexpr std::array<const char *, 11> captions{
+        "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
+        "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
+    return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
+}

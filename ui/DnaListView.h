@@ -4,7 +4,7 @@
 
 // The DNA list control: a report list that tells the window about every mouse action
 // on it, after it has moved its own highlight.
-class DnaListView : public QTreeWidget {
+class DnaListView final : public QTreeWidget {
     Q_OBJECT
 public:
     explicit DnaListView(QWidget *parent = nullptr);
@@ -26,7 +26,7 @@ protected:
 // the blanks in front of numbers give numeric order. Every column but "#" is right-aligned
 // unless a cell is given its own alignment. A name too long for its column has the full
 // name as its tooltip.
-class DnaListItem : public QTreeWidgetItem {
+class DnaListItem final : public QTreeWidgetItem {
 public:
     using QTreeWidgetItem::QTreeWidgetItem;
     QVariant data(int column, int role) const override;

@@ -6,6 +6,7 @@
 #include "Fonts.h"
 #include "ModelHub.h"
 #include "ReferenceTables.h"
+#include "SampleBox.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -14,8 +15,6 @@
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QFrame>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -50,8 +49,12 @@ EditorPanel::EditorPanel(AppModel &model, ModelHub &hub, QWidget *central) : QOb
 
     BuildControls();
 
-    for (QLineEdit *box : Text1)
-        box->installEventFilter(this);
+    for (int i = 0; i < 12; ++i) {
+        SampleBox *box = Text1[static_cast<std::size_t>(i)];
+        connect(box, &SampleBox::gotFocus, this, [this, i] { Text1_GotFocus(i); });
+        connect(box, &SampleBox::lostFocus, this, [this, i] { Text1_LostFocus(i); });
+        connect(box, &QLineEdit::returnPressed, this, [this, i] { Text1_KeyPress(i); });
+    }
     Combo1->installEventFilter(this);
     Combo2->installEventFilter(this);
     connect(Command3, &QPushButton::clicked, this, &EditorPanel::Command3_Click);
@@ -83,7 +86,7 @@ void EditorPanel::BuildControls() {
         const int titleWidth = titleWidths[columnOf(i)];
         MakeLabel(Picture4, QString(), SampleBoxCaption(i), titleLeft, RowTop(row), titleWidth, kBoxHeight)
             ->setFont(captionFont);
-        auto *box = new QLineEdit(i == 10 ? QString() : QStringLiteral("0"), Picture4);
+        auto *box = new SampleBox(i == 10 ? QString() : QStringLiteral("0"), Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
         box->setAccessibleName(SampleBoxCaption(i).chopped(1));
         PlaceTwips(box, titleLeft + titleWidth, RowTop(row), i == 10 ? 1650 : 690, kBoxHeight);
@@ -213,13 +216,10 @@ void EditorPanel::Text1_GotFocus(int box) {
     Text1[static_cast<std::size_t>(box)]->selectAll();
 }
 
-bool EditorPanel::Text1_KeyPress(int box, int key) {
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return false;
+void EditorPanel::Text1_KeyPress(int box) {
     // Enter in the last box (Level) does nothing.
     if (box < 11)
         Text1[static_cast<std::size_t>(box + 1)]->setFocus();
-    return true;
 }
 
 void EditorPanel::Text1_LostFocus(int box) {
@@ -228,27 +228,15 @@ void EditorPanel::Text1_LostFocus(int box) {
 }
 
 bool EditorPanel::eventFilter(QObject *watched, QEvent *event) {
-    const QEvent::Type type = event->type();
-    if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
-        // Opening a drop-down list or a context menu, or switching windows, leaves no box.
-        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
-            return false;
-    }
-    for (int box = 0; box < 12; ++box) {
-        if (watched != Text1[static_cast<std::size_t>(box)])
-            continue;
-        if (type == QEvent::FocusIn)
-            Text1_GotFocus(box);
-        else if (type == QEvent::FocusOut)
-            Text1_LostFocus(box);
-        else if (type == QEvent::KeyPress)
-            return Text1_KeyPress(box, static_cast<QKeyEvent *>(event)->key());
+    if (event->type() != QEvent::FocusOut)
         return false;
-    }
-    if (type == QEvent::FocusOut && watched == Combo1)
+    // Opening a drop-down list, or switching windows, leaves no box.
+    const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
+        return false;
+    if (watched == Combo1)
         Combo1_LostFocus();
-    else if (type == QEvent::FocusOut && watched == Combo2)
+    else if (watched == Combo2)
         Combo2_LostFocus();
     return false;
 }

@@ -9,9 +9,9 @@ class ModelHub;
 class QCheckBox;
 class QComboBox;
 class QFrame;
-class QLineEdit;
 class QPushButton;
 class QRadioButton;
+class SampleBox;
 class QWidget;
 
 namespace quorvel {
@@ -26,7 +26,7 @@ public:
 
     QFrame *Picture4 = nullptr;
     ClickLabel *Label41 = nullptr; // folds Picture4
-    std::array<QLineEdit *, 12> Text1{};
+    std::array<SampleBox *, 12> Text1{};
     QComboBox *Combo2 = nullptr; // planet
     QComboBox *Combo1 = nullptr; // quality
     std::array<QRadioButton *, 2> Option1{};
@@ -45,8 +45,8 @@ public:
     void Combo2_LostFocus();
     void Option1_Click();
     void Text1_GotFocus(int box);
-    // True when the key was used (Enter in boxes 0..10 moves to the next box).
-    bool Text1_KeyPress(int box, int key);
+    // Enter: boxes 0..10 give the focus to the next box.
+    void Text1_KeyPress(int box);
     void Text1_LostFocus(int box);
 
 protected:

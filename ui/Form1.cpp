@@ -9,9 +9,11 @@
 #include "Form4.h"
 #include "Form5.h"
 #include "PredictionPanel.h"
+#include "Resources.h"
 #include "TemplatePanel.h"
 #include "Twips.h"
 #include "UiText.h"
+#include "Version.h"
 #include "Widgets.h"
 #include "WindowUtil.h"
 
@@ -26,9 +28,6 @@
 #include <QToolButton>
 
 namespace {
-
-constexpr int kVersionMajor = 0;
-constexpr int kVersionMinor = 55;
 
 // The inner area at first start, in twips.
 constexpr int kStartWidth = 14595;
@@ -45,16 +44,10 @@ QList<QKeySequence> StandardKeys(QKeySequence::StandardKey command, const QKeySe
 
 } // namespace
 
-// The icons are compiled into this library; a static library needs its resources named once.
-static void InitQuorvelResources() {
-    Q_INIT_RESOURCE(quorvel);
-}
-
 Form1::Form1(QWidget *parent) : QMainWindow(parent) {
-    InitQuorvelResources();
     setObjectName(QStringLiteral("Form1"));
-    setWindowTitle(QStringLiteral("Quorvel v%1.%2").arg(kVersionMajor).arg(kVersionMinor));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/quorvel.svg")));
+    setWindowTitle(QStringLiteral("Quorvel v%1.%2").arg(version::kMajor).arg(version::kMinor));
+    setWindowIcon(ProgramIcon());
     FillBackground(this, kWindowColour);
 
     central_ = new QWidget(this);
@@ -114,7 +107,7 @@ void Form1::BuildToolbar() {
 
     // A command's button, or a plain one ("Filter", "Filter On") when it has no slot.
     const auto addButton = [this](const QString &caption, const QString &icon, void (Form1::*slot)() = nullptr) {
-        auto *action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, Toolbar1);
+        auto *action = new QAction(ToolbarIcon(icon), caption, Toolbar1);
         action->setToolTip(caption);
         Toolbar1->addAction(action);
         if (slot)
@@ -213,8 +206,10 @@ void Form1::ShowPetView() {
 }
 
 void Form1::ShowFileCaption() {
-    setWindowTitle(
-        QStringLiteral("Quorvel v%1.%2 [%3]").arg(kVersionMajor).arg(kVersionMinor).arg(ToQt(model_.LastDnaFile())));
+    setWindowTitle(QStringLiteral("Quorvel v%1.%2 [%3]")
+                       .arg(version::kMajor)
+                       .arg(version::kMinor)
+                       .arg(ToQt(model_.LastDnaFile())));
 }
 
 void Form1::resizeEvent(QResizeEvent *event) {

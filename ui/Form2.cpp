@@ -5,6 +5,7 @@
 #include "EntryBox.h"
 #include "Fonts.h"
 #include "ModelHub.h"
+#include "SampleBox.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -18,10 +19,6 @@
 #include <QRadioButton>
 
 namespace {
-
-constexpr std::array<const char *, 11> kStatTitles{
-    "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
-    "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
 
 constexpr int kNarrowWidth = 3450;
 constexpr int kWideWidth = 5730;
@@ -42,19 +39,6 @@ int RowTop(int row) {
 }
 
 } // namespace
-
-void TypedBox::focusInEvent(QFocusEvent *event) {
-    QLineEdit::focusInEvent(event);
-    emit gotFocus();
-}
-
-void TypedBox::focusOutEvent(QFocusEvent *event) {
-    QLineEdit::focusOutEvent(event);
-    // Only the focus going to another control leaves the box; switching windows or
-    // opening the box's own menu does not.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        emit lostFocus();
-}
 
 Form2::Form2(quorvel::AppModel &model, ModelHub &hub, QWidget *parent)
     : QWidget(parent, Qt::Window), model_(model), hub_(hub) {
@@ -81,13 +65,13 @@ void Form2::BuildInputs() {
         const QString title = SampleBoxCaption(i);
         MakeLabel(Picture4, QString(), title, kTitleLeft, RowTop(i), kBoxLeft - kTitleLeft, kRowHeight)
             ->setFont(captionFont);
-        auto *box = new TypedBox(Picture4);
+        auto *box = new SampleBox(Picture4);
         box->setObjectName(QStringLiteral("Text1_%1").arg(i));
         box->setAccessibleName(title.chopped(1));
         PlaceTwips(box, kBoxLeft, RowTop(i), i == 10 ? 2 * kBoxWidth : kBoxWidth, kRowHeight);
         Text1[static_cast<std::size_t>(i)] = box;
-        connect(box, &TypedBox::gotFocus, this, [this, i] { Text1_GotFocus(i); });
-        connect(box, &TypedBox::lostFocus, this, [this, i] { Text1_LostFocus(i); });
+        connect(box, &SampleBox::gotFocus, this, [this, i] { Text1_GotFocus(i); });
+        connect(box, &SampleBox::lostFocus, this, [this, i] { Text1_LostFocus(i); });
         connect(box, &QLineEdit::returnPressed, this, [this, i] { Text1_KeyPress(i); });
     }
 
@@ -125,14 +109,13 @@ void Form2::BuildStatsPanel() {
     PlaceTwips(Picture1, kNarrowWidth, 0, kWideWidth - kNarrowWidth, kPanelHeight);
     // The widest caption and value fit, the value with a margin before the window's edge.
     QList<TextFit> fits{{QStringLiteral("8888 [8888]"), TwipsToPx(1080 - 60)}};
-    for (const char *title : kStatTitles)
-        fits.append({QString::fromLatin1(title), TwipsToPx(1140)});
+    for (int i = 0; i < 11; ++i)
+        fits.append({StatCaption(i), TwipsToPx(1140)});
     Picture1->setFont(FittingFont(font(), fits));
     for (int i = 0; i < 11; ++i) {
         const int height = i == 10 ? 3 * kRowHeight + 90 : kRowHeight;
         // Captions and values share a top edge, so that each value stands on its caption's line.
-        MakeLabel(Picture1, QString(), QString::fromLatin1(kStatTitles[static_cast<std::size_t>(i)]), 60, RowTop(i),
-                  1140, kRowHeight)
+        MakeLabel(Picture1, QString(), StatCaption(i), 60, RowTop(i), 1140, kRowHeight)
             ->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         QLabel *value = MakeLabel(Picture1, QStringLiteral("Label23_%1").arg(i), QStringLiteral("0"), 1200, RowTop(i),
                                   1080, height);
@@ -161,7 +144,7 @@ void Form2::BuildBottomRow() {
 
 void Form2::SetTabOrder() {
     QList<QWidget *> order{Combo2, Combo1, Option1[1], Option1[0], Command4, Check1, Command1};
-    for (TypedBox *box : Text1)
+    for (SampleBox *box : Text1)
         order << box;
     for (int i = 0; i + 1 < order.size(); ++i)
         QWidget::setTabOrder(order[i], order[i + 1]);

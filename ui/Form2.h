@@ -2,7 +2,6 @@
 
 #include "StatLabels.h"
 
-#include <QLineEdit>
 #include <QWidget>
 
 #include <array>
@@ -14,25 +13,11 @@ class QComboBox;
 class QFrame;
 class QPushButton;
 class QRadioButton;
+class SampleBox;
 
 namespace quorvel {
 class AppModel;
 }
-
-// A number box of the Add DNA window; it reports gaining and losing the focus.
-class TypedBox final : public QLineEdit {
-    Q_OBJECT
-public:
-    using QLineEdit::QLineEdit;
-
-signals:
-    void gotFocus();
-    void lostFocus();
-
-protected:
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
-};
 
 // The Add DNA window: typed samples go to the library and the main list one after another,
 // and the statistics panel predicts the typed sample's pet.
@@ -42,7 +27,7 @@ public:
     Form2(quorvel::AppModel &model, ModelHub &hub, QWidget *parent = nullptr);
 
     QFrame *Picture4 = nullptr;
-    std::array<TypedBox *, 12> Text1{};
+    std::array<SampleBox *, 12> Text1{};
     QComboBox *Combo1 = nullptr; // quality
     QComboBox *Combo2 = nullptr; // planet
     std::array<QRadioButton *, 2> Option1{};

@@ -4,6 +4,7 @@
 #include "EntryBox.h"
 #include "Numeric.h"
 #include "ReadNumber.h"
+#include "SampleBox.h"
 #include "UiText.h"
 
 #include <QComboBox>
@@ -38,7 +39,7 @@ void Form2::Command4_Click() {
     for (int i = 0; i < 12; ++i) {
         if (i == 10)
             continue;
-        TypedBox *box = Text1[static_cast<std::size_t>(i)];
+        SampleBox *box = Text1[static_cast<std::size_t>(i)];
         const std::optional<int16_t> value = ReadBox(box);
         if (!value) {
             QMessageBox::warning(
@@ -64,7 +65,7 @@ void Form2::Command4_Click() {
 }
 
 void Form2::ResetBoxes() {
-    for (TypedBox *box : Text1)
+    for (SampleBox *box : Text1)
         box->clear();
     Combo1->setCurrentIndex(Combo1->count() - 1);
     Combo2->setCurrentIndex(0);

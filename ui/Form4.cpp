@@ -1,9 +1,10 @@
 #include "Form4.h"
 
+#include "Resources.h"
 #include "Twips.h"
 #include "UiText.h"
+#include "Version.h"
 
-#include <QIcon>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -17,14 +18,15 @@ Form4::Form4(QWidget *parent) : QWidget(parent, Qt::Window) {
     auto *picture = new QLabel(this);
     picture->setObjectName(QStringLiteral("Picture1"));
     PlaceTwips(picture, 240, 240, 960, 960);
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/quorvel.svg")).pixmap(picture->size()));
+    picture->setPixmap(ProgramIcon().pixmap(picture->size()));
 
     QLabel *title = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("Quorvel"), 1440, 240, 3000, 330);
     QFont titleFont = font();
     titleFont.setBold(true);
     titleFont.setPointSizeF(14.0 * DisplayScalePercent() / 100.0);
     title->setFont(titleFont);
-    MakeLabel(this, QStringLiteral("Label4"), QStringLiteral("v0.55.1"), 1440, 600, 2000, 255);
+    MakeLabel(this, QStringLiteral("Label4"), QStringLiteral("v%1").arg(QLatin1String(version::kText)), 1440, 600, 2000,
+              255);
     MakeLabel(this, QStringLiteral("Label2"), QStringLiteral("DNA library, template and pet predictor"), 1440, 870,
               3900, 255);
 

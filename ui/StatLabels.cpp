@@ -1,5 +1,6 @@
 #include "StatLabels.h"
 
+#include "Captions.h"
 #include "Fonts.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -15,17 +16,17 @@ StatLabelArray BuildStatLabels(QWidget *panel, const StatLayout &layout, const Q
         int column;
         int row;
     };
-    const std::array<Entry, 11> entries{{{0, QStringLiteral("Health:"), 0, 0},
-                                         {1, QStringLiteral("Regen:"), 0, 1},
-                                         {2, QStringLiteral("Armor:"), 0, 2},
-                                         {3, QStringLiteral("To hit:"), 0, 3},
-                                         {4, QStringLiteral("Defense:"), 0, 4},
-                                         {5, QStringLiteral("State Resist:"), 0, 5},
-                                         {6, QStringLiteral("Critical hit:"), 1, 0},
+    const std::array<Entry, 11> entries{{{0, StatCaption(0), 0, 0},
+                                         {1, StatCaption(1), 0, 1},
+                                         {2, StatCaption(2), 0, 2},
+                                         {3, StatCaption(3), 0, 3},
+                                         {4, StatCaption(4), 0, 4},
+                                         {5, StatCaption(5), 0, 5},
+                                         {6, StatCaption(6), 1, 0},
                                          {7, critSaveCaption, 1, 1},
-                                         {8, QStringLiteral("Aggro bonus:"), 1, 2},
-                                         {9, QStringLiteral("Damage:"), 1, 3},
-                                         {10, QStringLiteral("Level:"), 2, 6}}};
+                                         {8, StatCaption(8), 1, 2},
+                                         {9, StatCaption(9), 1, 3},
+                                         {10, StatCaption(10), 2, 6}}};
     const auto captionLeft = [&](const Entry &e) { return e.column == 1 ? layout.rightCaption : layout.leftCaption; };
     const auto valueLeft = [&](const Entry &e) { return e.column == 1 ? layout.rightValue : layout.leftValue; };
     const auto valueWidth = [&](const Entry &e) {

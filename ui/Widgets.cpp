@@ -14,7 +14,7 @@ namespace {
 
 // The fold marker: its text stays "^", but it is drawn as a small chevron inside the panel's
 // frame, where a "^" glyph of a readable size would not fit and would cover the border.
-class FoldLabel : public ClickLabel {
+class FoldLabel final : public ClickLabel {
 public:
     using ClickLabel::ClickLabel;
 

@@ -24,7 +24,7 @@ private:
 // Makes a widget a drop target that accepts any drag, whatever it carries (nothing
 // dropped is read: the drop acts on the selected sample). For an item view, pass its view;
 // the filter sits on the viewport, where drags arrive.
-class DropFilter : public QObject {
+class DropFilter final : public QObject {
     Q_OBJECT
 public:
     explicit DropFilter(QWidget *target);
