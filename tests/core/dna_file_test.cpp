@@ -8,6 +8,8 @@
 
 using namespace quorvel;
 
+using Texts = std::vector<std::string>;
+
 namespace {
 
 const std::string kAttributes = "412,388,270,301,95,102,340,298,415,502";
@@ -36,15 +38,15 @@ ParsedLine Parse(const std::string &line, int slot = 1) {
 TEST(ParseDnaLine, FieldsAreRoundedButLoaderCellsShowThemAsTypedAndBadFieldsAreFound) {
     const auto full = Parse(kAttributes + ",Kusak Alpha,18,7,1,3,extra", 17);
     EXPECT_EQ(FormatDnaLine(full.record, false), kAttributes + ",Kusak Alpha,18,7,1,3\r\n");
-    EXPECT_EQ(full.cells[0] + "|" + full.cells[1] + "|" + full.cells[6] + "|" + full.cells[12] + "|" + full.cells[13],
-              "17|Kusak Alpha|   95|   18|Naboo");
+    EXPECT_EQ((Texts{full.cells[0], full.cells[1], full.cells[6], full.cells[12], full.cells[13]}),
+              (Texts{"17", "Kusak Alpha", "   95", "   18", "Naboo"}));
     const auto typed = Parse("12.7,2.5,3.5,1 2,abc,0,0,0,0,0, N \xE9 ,4.5,2.5,0.5,6.5");
     EXPECT_EQ(FormatDnaLine(typed.record, false), "13,2,4,12,0,0,0,0,0,0, N \xE9 ,4,2,0,6.5\r\n");
-    EXPECT_EQ(typed.cells[2] + "|" + typed.cells[5] + "|" + typed.cells[15], " 12.7|  1 2|Unknown");
+    EXPECT_EQ((Texts{typed.cells[2], typed.cells[5], typed.cells[15]}), (Texts{" 12.7", "  1 2", "Unknown"}));
     // Eleven fields with an empty name: the slot number stands in for it. Quality 7 has no name.
     const auto shortest = Parse("1,2,3,4,5,6,7,8,9,10,", 42);
     EXPECT_EQ(FormatDnaLine(shortest.record, false), "1,2,3,4,5,6,7,8,9,10,42,0,0,0,0\r\n");
-    EXPECT_EQ(shortest.cells[12] + "|" + Parse(kAttributes + ",n,0,0,0,7").cells[15], "   0|");
+    EXPECT_EQ((Texts{shortest.cells[12], Parse(kAttributes + ",n,0,0,0,7").cells[15]}), (Texts{"   0", ""}));
     // A comma in a name shifts the later fields.
     EXPECT_EQ(FormatDnaLine(Parse(kAttributes + ",Kusak, Alpha,5,1,0").record, false),
               kAttributes + ",Kusak,0,5,1,0\r\n");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include <bit>
 #include <clocale>
 #include <cmath>
@@ -11,6 +14,8 @@
 #include <string>
 
 using namespace quorvel;
+
+using Texts = std::vector<std::string>;
 
 // Halves, values just off a half, the edge of the doubles that still have a fraction,
 // signed zeros and infinities.
@@ -30,8 +35,8 @@ TEST(Numeric, RoundingIsToNearestEvenAlsoForDecimalsAndSixteenBits) {
 TEST(Numeric, NumbersFormatWithADotWhateverTheLocale) {
     if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr && std::setlocale(LC_NUMERIC, "fr_FR.UTF-8") == nullptr)
         GTEST_SKIP() << "no locale with a decimal comma is installed";
-    EXPECT_EQ(FormatSingle(2.5f) + " " + FormatSingle(-0.0f) + " " + FormatSingle(1e7f) + " " + FormatDouble(0.1 + 0.2),
-              "2.5 0 1E+7 0.3");
+    EXPECT_EQ((Texts{FormatSingle(2.5f), FormatSingle(-0.0f), FormatSingle(1e7f), FormatDouble(0.1 + 0.2)}),
+              (Texts{"2.5", "0", "1E+7", "0.3"}));
     std::setlocale(LC_NUMERIC, "C");
 }
 

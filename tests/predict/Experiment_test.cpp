@@ -2,10 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include <algorithm>
 #include <tuple>
 
 using namespace quorvel;
+
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -36,7 +41,7 @@ TEST(ExperimentOpening, CapPercentHidesBoxesUntilANewWindowAndPointsAreClamped) 
     t.Caps[Hardiness] = 450;
     t.Caps[Fortitude] = 460;
     ExperimentSession s = Opened(t, 20);
-    EXPECT_EQ(s.CapPercentText[Physique] + " " + s.CapPercentText[Prowess], "45% 100%");
+    EXPECT_EQ((Texts{s.CapPercentText[Physique], s.CapPercentText[Prowess]}), (Texts{"45%", "100%"}));
     EXPECT_EQ(s.Visible[Physique], (std::array<bool, 10>{1, 1, 1, 1, 1, 0, 0, 0, 0, 0}));
     EXPECT_EQ(s.RemainingPoints, 12);
     t.Caps.fill(1000);
@@ -52,13 +57,13 @@ TEST(ExperimentView, RowsFollowCurrentPercentAndStartValuesAboveCapsFillThem) {
     t.Current[Hardiness] = t.Caps[Hardiness] = 300;
     t.Current[Fortitude] = t.Caps[Fortitude] = 320;
     ExperimentSession s = Opened(t, 3);
-    EXPECT_EQ(s.CurrentPercentText[Physique] + " " + s.CapPercentText[Physique], "31% 31%");
+    EXPECT_EQ((Texts{s.CurrentPercentText[Physique], s.CapPercentText[Physique]}), (Texts{"31%", "31%"}));
     // 50% of 100% fills five boxes; at the cap percentage the box holding it is yellow too.
     EXPECT_EQ(s.Rows[Prowess], (Row{Y, Y, Y, Y, Y, W, W, W, W, W}));
     EXPECT_EQ(s.Rows[Physique], (Row{Y, Y, Y, Y, W, W, W, W, W, W}));
     t = With(1000, 0);
     ResetSession(s, t, 4);
-    EXPECT_EQ(s.CurrentPercentText[Physique] + " " + s.ValueTexts[Hardiness], "115% 1150 [1000]");
+    EXPECT_EQ((Texts{s.CurrentPercentText[Physique], s.ValueTexts[Hardiness]}), (Texts{"115%", "1150 [1000]"}));
     EXPECT_EQ(s.Rows[Physique], (Row{Y, Y, Y, Y, Y, Y, Y, Y, Y, Y}));
     PlacePoint(s, Physique, 9); // yellow: nothing
     EXPECT_EQ(s.RemainingPoints, 4);
@@ -81,7 +86,7 @@ TEST(PlacePoint, PlaceGiveBackLastPointAndRun) {
     PlacePoint(s, Psychology, 3); // the last point, placed, stays placed
     EXPECT_EQ(std::pair(s.RemainingPoints, s.Rows[Psychology][3]), std::pair(0, G));
     RunExperiment(s, t);
-    EXPECT_EQ(s.CurrentPercentText[Psychology] + " " + s.ValueTexts[Dependability], "37% 370 [1000]");
+    EXPECT_EQ((Texts{s.CurrentPercentText[Psychology], s.ValueTexts[Dependability]}), (Texts{"37%", "370 [1000]"}));
 }
 
 TEST(RunExperiment, SplitsOneHundredFortyByShares) {

@@ -4,9 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include <tuple>
 
 using namespace quorvel;
+
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -19,29 +24,22 @@ ValueArray Filled(Value v) {
     return values;
 }
 
-// The statistic texts from Health to Level, joined with "|".
-std::string Joined(const StatTexts &labels) {
-    std::string text = labels[0];
-    for (std::size_t i = 1; i < labels.size(); ++i)
-        text += "|" + labels[i];
-    return text;
-}
-
 } // namespace
 
 TEST(PetStats, SampleOfFiveHundredsAndTheChoiceOfEquations) {
     // Defense 106.5 and damage 87.5 - 361.5 go to the even neighbour; L = 250, 255, 247, and the
     // last equation's level gives the level armor (47 - 16) * 87.
     const PetPrediction p = PredictPetStats(Filled(500), PredictionSource::Sample, kAll);
-    EXPECT_EQ(Joined(p.labels), "4020|43|3000 [2697]|107|106|50%|4%|4%|12.5%|88 - 362|49.78 / 50.2 / 47.13");
+    EXPECT_EQ(p.labels, (StatTexts{"4020", "43", "3000 [2697]", "107", "106", "50%", "4%", "4%", "12.5%", "88 - 362",
+                                   "49.78 / 50.2 / 47.13"}));
     EXPECT_EQ(std::pair(p.level.level0, p.level.lastCreatureLevel), std::pair(47.0f, 47.13f));
-    const std::tuple<LevelEquations, const char *, float> cases[] = {
-        {kOldOnly, "3000 [2958]|49.78", 50.0f},
-        {{false, false, true}, "3000 [2697]| / 47.13", 47.0f},
-        {{}, "3000 [0]|", 0.0f}};
+    const std::tuple<LevelEquations, Texts, float> cases[] = {
+        {kOldOnly, {"3000 [2958]", "49.78"}, 50.0f},
+        {{false, false, true}, {"3000 [2697]", " / 47.13"}, 47.0f},
+        {{}, {"3000 [0]", ""}, 0.0f}};
     for (const auto &[equations, texts, level0] : cases) {
         const PetPrediction one = PredictPetStats(Filled(500), PredictionSource::Sample, equations);
-        EXPECT_EQ(one.labels[ArmorLabel] + "|" + one.labels[LevelLabel], texts);
+        EXPECT_EQ((Texts{one.labels[ArmorLabel], one.labels[LevelLabel]}), texts);
         EXPECT_EQ(std::pair(one.level.level0, one.level.anyRan), std::pair(level0, level0 != 0.0f));
     }
 }
@@ -52,7 +50,7 @@ TEST(CreatureLevel, WholeLevelOfOneHundredAndTheSources) {
     v[Hardiness] = 1000;
     v[Fortitude] = 1000;
     const PetPrediction p = PredictPetStats(v, PredictionSource::Sample, kAll);
-    EXPECT_EQ(p.labels[LevelLabel] + "|" + p.labels[ArmorLabel], "10.63 / 11.7 / 10.04|6000 [0]");
+    EXPECT_EQ((Texts{p.labels[LevelLabel], p.labels[ArmorLabel]}), (Texts{"10.63 / 11.7 / 10.04", "6000 [0]"}));
     EXPECT_EQ(p.level.level0, 10.0f);
     EXPECT_EQ(PredictCreatureLevel(v, PredictionSource::Sample, kOldOnly).level0, 11.0f);
     // Sample: (150 + 30000) / 100 = 301.5 rounds to the even 302; template: 301.49 gives 301.

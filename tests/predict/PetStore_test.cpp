@@ -3,7 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 using namespace quorvel;
+
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -29,8 +34,8 @@ TEST(PetStore, FromTemplateKeepsSlotsValuesCapsFlagsAndTheShownTexts) {
     shown[LevelLabel] = "40"; // a skin's minimum shown instead of the prediction
     const StoredPet pet = StoredPetFromTemplate(t, shown, "2024-05-01T18:30:00");
     EXPECT_EQ(pet.Source, PetSource::Template);
-    EXPECT_EQ(pet.Samples[Physique].Name + "|" + pet.Samples[Prowess].Name + "|" + pet.Samples[Mental].Name,
-              "Rancor|Kaadu|-");
+    EXPECT_EQ((Texts{pet.Samples[Physique].Name, pet.Samples[Prowess].Name, pet.Samples[Mental].Name}),
+              (Texts{"Rancor", "Kaadu", "-"}));
     EXPECT_EQ(pet.Samples[Prowess].Attributes[Power], 401);
     EXPECT_EQ(pet.Values, t.Current);
     EXPECT_EQ(pet.Caps, t.Caps);
@@ -49,7 +54,7 @@ TEST(PetStore, FromSampleAndDefaultNames) {
         PredictPetStats(ValueArray{500, 500, 500, 500, 500, 500, 500, 500, 500, 500}, PredictionSource::Sample, kAll);
     const StoredPet pet = StoredPetFromSample(sample, prediction.labels, "2024-05-02");
     EXPECT_EQ(pet.Source, PetSource::Sample);
-    EXPECT_EQ(pet.Samples[0].Name + "|" + pet.Samples[1].Name, "Gurk|");
+    EXPECT_EQ((Texts{pet.Samples[0].Name, pet.Samples[1].Name}), (Texts{"Gurk", ""}));
     EXPECT_EQ(pet.Values, pet.Samples[0].Attributes);
     EXPECT_EQ(pet.Caps, PetValues{});
     EXPECT_EQ(pet.Name, "Gurk level 47.13"); // the last equation's figure of "49.78 / 50.2 / 47.13"

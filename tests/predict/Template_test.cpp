@@ -2,10 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include <cmath>
 #include <tuple>
 
 using namespace quorvel;
+
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -29,8 +34,8 @@ TEST(PutDnaInTemplate, LinesContributionsAndSelectedLine) {
     t.Experimented = {true, true, false, true, true};
     const DnaRecord r{"Rancor A", {512, 340}};
     const CategoryView physique = PutDnaInTemplate(t, Physique, r);
-    EXPECT_EQ(physique.lines[0] + "|" + physique.lines[1] + "|" + std::to_string(physique.selectedLine),
-              "Rancor A|Hrd:512  |  Frt:340|1");
+    EXPECT_EQ((Texts{physique.lines[0], physique.lines[1]}), (Texts{"Rancor A", "Hrd:512  |  Frt:340"}));
+    EXPECT_EQ(physique.selectedLine, 1);
     EXPECT_EQ(physique.contributions[0], "340"); // 0.4 * 852 = 340.8 rounded down
     EXPECT_EQ(t.Experimented, (std::array<bool, 5>{}));
     const CategoryView prowess = PutDnaInTemplate(t, Prowess, r); // weight 0.25
@@ -59,7 +64,7 @@ TEST(ClearTemplate, EmptiedSlotsAreNamedDashAndCapsStay) {
 TEST(EvaluateTemplate, FiveEqualSamplesExperimentedPairsAndPowerMinimum) {
     DnaTemplate t = FilledWith(500);
     TemplateEvaluation e = EvaluateTemplate(t);
-    EXPECT_EQ(e.label14[Hardiness] + " " + e.label42[Physique], "325 [500] 32/50%");
+    EXPECT_EQ((Texts{e.label14[Hardiness], e.label42[Physique]}), (Texts{"325 [500]", "32/50%"}));
     ToggleExperiment(t, Mental); // the pair takes its caps
     EXPECT_EQ(t.Current[Intellect], 500);
     t.Current[Intellect] = 595;
@@ -67,12 +72,12 @@ TEST(EvaluateTemplate, FiveEqualSamplesExperimentedPairsAndPowerMinimum) {
     t.Caps[Intellect] = 700;
     t.Caps[Cleverness] = 700;
     e = EvaluateTemplate(t);
-    EXPECT_EQ(e.label14[Hardiness] + " " + e.label42[Mental] + " " + e.label14[Cleverness],
-              "325 [500] 60/70% 605 [700]");
+    EXPECT_EQ((Texts{e.label14[Hardiness], e.label42[Mental], e.label14[Cleverness]}),
+              (Texts{"325 [500]", "60/70%", "605 [700]"}));
     // Power 0 is raised to 113 after the percentages were taken.
     t = {};
     e = EvaluateTemplate(t);
-    EXPECT_EQ(e.label14[Power] + " " + e.label42[Aggressiveness], "113\r\n [Min val] 0/0%");
+    EXPECT_EQ((Texts{e.label14[Power], e.label42[Aggressiveness]}), (Texts{"113\r\n [Min val]", "0/0%"}));
     EXPECT_EQ(std::pair(t.Current[Power], t.Caps[Power]), std::pair(113, 0));
 }
 

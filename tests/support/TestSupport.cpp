@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFile>
@@ -24,6 +25,10 @@
 #include <array>
 
 namespace testsupport {
+
+void Fail(const QString &message) {
+    QTest::qFail(qPrintable(message), __FILE__, __LINE__);
+}
 
 QString SettingsPath() {
     return QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel.cfg");
@@ -50,7 +55,7 @@ std::unique_ptr<Form1> MakeForm1() {
     auto form = std::make_unique<Form1>();
     form->show();
     if (!QTest::qWaitForWindowExposed(form.get()))
-        qWarning("main window not exposed");
+        Fail(QStringLiteral("main window not exposed"));
     return form;
 }
 
@@ -80,38 +85,55 @@ QString WriteDnaFile(const QString &name, const QStringList &lines) {
     return path;
 }
 
-void AnswerFileDialog(const QString &path) {
-    QTimer::singleShot(50, [path] {
-        QFileDialog *dialog = nullptr;
+namespace {
+
+constexpr int kPollMs = 50;
+constexpr int kDialogWaitMs = 5000;
+
+// Calls `answer` with the visible top-level widget of type T once one shows, looking every
+// kPollMs. After kDialogWaitMs it gives up: the test that scheduled it fails (a test that
+// has ended by then is only warned about).
+template <typename T>
+void WhenShown(const char *what, const std::function<void(T *)> &answer, QDeadlineTimer deadline,
+               const QByteArray &test) {
+    QTimer::singleShot(kPollMs, [=] {
+        T *shown = nullptr;
         for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *d = qobject_cast<QFileDialog *>(w); d && d->isVisible())
-                dialog = d;
+            if (auto *candidate = qobject_cast<T *>(w); candidate && candidate->isVisible())
+                shown = candidate;
         }
-        if (!dialog) {
-            AnswerFileDialog(path);
-            return;
+        if (shown) {
+            answer(shown);
+        } else if (!deadline.hasExpired()) {
+            WhenShown<T>(what, answer, deadline, test);
+        } else if (test == QTest::currentTestFunction()) {
+            Fail(QStringLiteral("no %1 showed").arg(QLatin1String(what)));
+        } else {
+            qWarning("no %s showed for %s", what, test.constData());
         }
+    });
+}
+
+template <typename T> void WhenShown(const char *what, const std::function<void(T *)> &answer) {
+    WhenShown<T>(what, answer, QDeadlineTimer(kDialogWaitMs), QByteArray(QTest::currentTestFunction()));
+}
+
+} // namespace
+
+void AnswerFileDialog(const QString &path) {
+    WhenShown<QFileDialog>("file dialog", [path](QFileDialog *dialog) {
         if (path.isEmpty()) {
             QTest::keyClick(dialog, Qt::Key_Escape);
             return;
         }
-        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        auto *edit = Find<QLineEdit>(dialog, QStringLiteral("fileNameEdit"));
         edit->setText(path);
         QTest::keyClick(edit, Qt::Key_Return);
     });
 }
 
 void AnswerMessageBox(int standardButton, QString *seenTitle, QString *seenText) {
-    QTimer::singleShot(50, [=] {
-        QMessageBox *box = nullptr;
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *b = qobject_cast<QMessageBox *>(w); b && b->isVisible())
-                box = b;
-        }
-        if (!box) {
-            AnswerMessageBox(standardButton, seenTitle, seenText);
-            return;
-        }
+    WhenShown<QMessageBox>("message box", [=](QMessageBox *box) {
         if (seenTitle)
             *seenTitle = box->windowTitle();
         if (seenText)
@@ -194,7 +216,7 @@ QString TextOf(QWidget *window, const QString &name) {
         return button->text();
     if (auto *edit = qobject_cast<QLineEdit *>(w))
         return edit->text();
-    qWarning("no text control %s", qPrintable(name));
+    Fail(QStringLiteral("no text control %1").arg(name));
     return {};
 }
 

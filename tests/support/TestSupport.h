@@ -26,11 +26,14 @@ QByteArray ReadFileBytes(const QString &path);
 // A new main window, shown, with the decimal point "." unless told otherwise.
 std::unique_ptr<Form1> MakeForm1();
 
+// Fails the running test with a message (from helpers, which cannot use QFAIL).
+void Fail(const QString &message);
+
 // A control of a window by objectName; the test fails when it is missing.
 template <typename T> T *Find(QWidget *window, const QString &name) {
-    T *child = window->findChild<T *>(name);
+    T *child = window ? window->findChild<T *>(name) : nullptr;
     if (!child)
-        qWarning("control %s not found", qPrintable(name));
+        Fail(QStringLiteral("control %1 not found").arg(name));
     return child;
 }
 
@@ -42,6 +45,7 @@ QString WriteDnaFile(const QString &name, const QStringList &lines);
 QString TempFolder();
 
 // Schedules an answer to the next file dialog: the path typed and Enter, or Escape when empty.
+// The answers wait a few seconds for their dialog; one that never shows fails the test.
 void AnswerFileDialog(const QString &path);
 // Schedules a click on a message box button; `seen` receives the box's title and text.
 void AnswerMessageBox(int standardButton, QString *seenTitle = nullptr, QString *seenText = nullptr);
