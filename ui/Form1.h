@@ -3,6 +3,7 @@
 #include "AppModel.h"
 #include "ModelHub.h"
 
+#include <QFileDialog>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -61,6 +62,8 @@ private:
     void BuildToolbar();
     void LayoutMainWindow();
     void ExitApp();
+    // The DNA file dialog; an empty path when it was cancelled.
+    QString ChooseDnaFile(QFileDialog::AcceptMode mode);
     void LoadDnaFile(quorvel::LoadMode mode, bool useLastFile);
     void SaveDnaFile(quorvel::SaveMode mode);
     void ReadSettingsFile();

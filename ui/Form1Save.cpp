@@ -3,7 +3,6 @@
 #include "DnaListPanel.h"
 #include "UiText.h"
 
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QSaveFile>
 
@@ -50,17 +49,7 @@ bool Confirmed(QWidget *parent, const QString &path) {
 void Form1::SaveDnaFile(quorvel::SaveMode mode) {
     const bool usesLastFile = model_.SavesWithoutDialog(mode);
     if (!usesLastFile) {
-        QFileDialog dialog(this, QStringLiteral("Save DNA"), ProgramFolder(), QStringLiteral("Textfile (*.txt)"));
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        // The program asks its own question before writing.
-        dialog.setOption(QFileDialog::DontConfirmOverwrite);
-        const int answer = dialog.exec();
-        // Each closed dialog gives the keyboard back to this window, also where no window
-        // manager hands it back.
-        activateWindow();
-        if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-            return;
-        const QString chosen = dialog.selectedFiles().constFirst();
+        const QString chosen = ChooseDnaFile(QFileDialog::AcceptSave);
         if (chosen.isEmpty())
             return;
         model_.SetLastDnaFile(FromQt(chosen));

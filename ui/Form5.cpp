@@ -78,6 +78,10 @@ Form5::Form5(quorvel::AppModel &model, ModelHub &hub, QWidget *parent)
 
 void Form5::OpenExperimentWindow() {
     model_.OpenSession();
+    ShowOpenedSession();
+}
+
+void Form5::ShowOpenedSession() {
     hub_.ApplySecondaryWindowOptions(this, Check1);
     ShowSession();
     PredictPet();
@@ -96,9 +100,7 @@ void Form5::Command2_Click() {
 
 void Form5::Command3_Click() {
     model_.ResetSession();
-    hub_.ApplySecondaryWindowOptions(this, Check1);
-    ShowSession();
-    PredictPet();
+    ShowOpenedSession();
 }
 
 void Form5::Check1_Click() {

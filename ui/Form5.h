@@ -56,6 +56,8 @@ private:
     void BuildButtons();
 
     void OpenExperimentWindow();
+    // The window's options again, then the session and the pet: after opening and after "Reset".
+    void ShowOpenedSession();
     void PlaceBox(int category, int box);
     void Command2_Click();
     void Command3_Click();
