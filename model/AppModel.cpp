@@ -1,6 +1,7 @@
 #include "AppModel.h"
 
 #include "Numeric.h"
+#include "PetStore.h"
 #include "ReadNumber.h"
 #include "Skins.h"
 #include "TypedSample.h"
@@ -175,7 +176,11 @@ bool AppModel::AddDnaRecord(const DnaRecord &record) {
 }
 
 void AppModel::PutDnaInTemplate(Category category) {
-    const CategoryView view = quorvel::PutDnaInTemplate(template_, static_cast<int>(category), library_.Selected());
+    PutSample(category, library_.Selected());
+}
+
+void AppModel::PutSample(Category category, const DnaRecord &record) {
+    const CategoryView view = quorvel::PutDnaInTemplate(template_, static_cast<int>(category), record);
     Tell(&AppModelObserver::CategoryFilled, category, view);
     EvaluateTemplate();
 }
@@ -189,6 +194,7 @@ void AppModel::PutDnaInFirstFreeSlot() {
 void AppModel::ClearTemplate(ClearScope scope, Category category) {
     if (scope == ClearScope::WholeTemplate) {
         ClearWholeTemplate(template_);
+        shownPet_.reset();
         Tell(&AppModelObserver::TemplateCleared);
         return;
     }
@@ -222,16 +228,25 @@ void AppModel::PredictSelectedSample() {
     const AttributeArray &sample = library_.Selected().Attributes;
     ValueArray values{};
     std::copy(sample.begin(), sample.end(), values.begin());
-    Tell(&AppModelObserver::PetPredicted, PredictPet(values, PredictionSource::Sample));
+    const StatTexts texts = PredictPet(values, PredictionSource::Sample);
+    shownPet_ = StoredPetFromSample(library_.Selected(), texts, {});
+    Tell(&AppModelObserver::PetPredicted, texts);
 }
 
-std::optional<std::string> AppModel::SkinLevelText(int index) const {
-    return ApplySkinLevel(index, lastCreatureLevel_);
+std::optional<std::string> AppModel::ChooseSkin(int index) {
+    std::optional<std::string> level = ApplySkinLevel(index, lastCreatureLevel_);
+    if (level && shownPet_) {
+        shownPet_->Shown[static_cast<std::size_t>(PetStat::Level)] = *level;
+        shownPet_->Name = DefaultPetName(*shownPet_);
+    }
+    return level;
 }
 
 void AppModel::EvaluateTemplate() {
     Tell(&AppModelObserver::TemplateEvaluated, quorvel::EvaluateTemplate(template_));
-    Tell(&AppModelObserver::PetPredicted, PredictPet(template_.Current, PredictionSource::Template));
+    const StatTexts texts = PredictPet(template_.Current, PredictionSource::Template);
+    shownPet_ = StoredPetFromTemplate(template_, texts, {});
+    Tell(&AppModelObserver::PetPredicted, texts);
 }
 
 StatTexts AppModel::PredictPet(const ValueArray &values, PredictionSource source) {

@@ -18,11 +18,13 @@
 #include "Experiment.h"
 #include "PetStats.h"
 #include "SettingsFile.h"
+#include "StoredPet.h"
 #include "Template.h"
 
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -109,6 +111,8 @@ public:
 
     virtual void FoldChanged(FoldPart part, bool folded) = 0;
     virtual void SettingsChanged() = 0;
+    // A pet stored, renamed, removed or put back; the whole list is to be shown anew.
+    virtual void StoredPetsChanged() = 0;
 };
 
 // Everything the program keeps while it runs, and the program's operations on it. The
@@ -175,8 +179,9 @@ public:
     void StartSampleExperiment();
     // A sample dropped on the prediction label: its pet.
     void PredictSelectedSample();
-    // The level text after choosing skin `index`, from the last creature level.
-    std::optional<std::string> SkinLevelText(int index) const;
+    // The level text after choosing skin `index`, from the last creature level; the pet shown
+    // takes it as its level.
+    std::optional<std::string> ChooseSkin(int index);
 
     // The experimentation window's session on the template.
     void OpenSession();
@@ -207,12 +212,32 @@ public:
     // What the settings file keeps of the model (widths and placement are the windows').
     SettingsFileData SettingsFileContents();
 
+    // Stored pets. The pet the main window's statistics panel shows, ready to be stored: named
+    // by default, not dated; nothing while the panel shows no prediction.
+    const std::optional<StoredPet> &ShownPet() const { return shownPet_; }
+    const std::vector<StoredPet> &StoredPets() const { return storedPets_; }
+    // Keeps the pet shown under `name` (the default name when it is empty) at the end of the list.
+    void StoreShownPet(const std::string &name, std::string date);
+    void RenameStoredPet(std::size_t index, std::string name);
+    std::optional<StoredPet> RemoveStoredPet(std::size_t index);
+    // Puts a removed pet back at its place (index at most the count).
+    void InsertStoredPet(std::size_t index, StoredPet pet);
+    // Puts a template pet's samples back into the template as "Send to" does, empties the
+    // categories it had empty and sets its experimented categories again. When a sample is no
+    // longer in the library (by name and attributes) nothing changes and the categories whose
+    // sample is missing are returned.
+    std::vector<Category> UseStoredPet(std::size_t index);
+    // The stored-pets file: its text replaces the list; the lines skipped are returned.
+    std::vector<int> ReadStoredPetsText(std::string_view text);
+    std::string StoredPetsText() const { return WriteStoredPets(storedPets_); }
+
 private:
     void Tell(auto member, const auto &...args) {
         if (observer_)
             (observer_->*member)(args...);
     }
     void EvaluateTemplate();
+    void PutSample(Category category, const DnaRecord &record);
     StatTexts PredictPet(const ValueArray &values, PredictionSource source);
     void RebuildRows();
     void WriteSelectedCell(ListColumn column);
@@ -227,6 +252,8 @@ private:
     bool foldAllUnfolds_ = true;
     bool liveEvaluation_ = false;
     ExperimentSession session_;
+    std::optional<StoredPet> shownPet_;
+    std::vector<StoredPet> storedPets_;
     AppModelObserver *observer_ = nullptr;
 };
 

@@ -10,6 +10,7 @@
 #include "Form5.h"
 #include "PredictionPanel.h"
 #include "Resources.h"
+#include "StoredPetsWindow.h"
 #include "TemplatePanel.h"
 #include "Twips.h"
 #include "UiText.h"
@@ -93,6 +94,8 @@ QString Form1::ProgramFolder() const {
 
 void Form1::StartMainWindow() {
     ReadSettingsFile();
+    ReadStoredPetsFile();
+    connect(&hub_, &ModelHub::storedPetsChanged, this, &Form1::WriteStoredPetsFile);
     if (model_.Settings()[quorvel::Load])
         LoadDnaFile(quorvel::LoadMode::Append, true);
 }
@@ -144,6 +147,7 @@ void Form1::BuildToolbar() {
     addButton(QStringLiteral("Filter On"), QStringLiteral("filteron"))->setCheckable(true);
     addButton(QStringLiteral("No Sort"), QStringLiteral("nosort"), &Form1::NoSort);
     addButton(QStringLiteral("Add DNA"), QStringLiteral("adddna"), &Form1::ShowAddDna);
+    addButton(QStringLiteral("Stored Pets"), QStringLiteral("storedpets"), &Form1::ShowStoredPets);
     auto *views = new QActionGroup(Toolbar1);
     QAction *dnaView = addButton(QStringLiteral("DNA View"), QStringLiteral("dnaview"), &Form1::ShowDnaView);
     QAction *petView = addButton(QStringLiteral("Pet View"), QStringLiteral("petview"), &Form1::ShowPetView);
@@ -238,7 +242,8 @@ void Form1::closeEvent(QCloseEvent *event) {
 
 void Form1::ExitApp() {
     // Each window runs its own closing steps; one that is already gone is skipped.
-    const std::array<QWidget *, 4> windows{form2_.data(), form3_.data(), form4_.data(), form5_.data()};
+    const std::array<QWidget *, 5> windows{form2_.data(), form3_.data(), form4_.data(), form5_.data(),
+                                           storedPets_.data()};
     for (QWidget *window : windows) {
         if (window)
             window->close();

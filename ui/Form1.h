@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QMainWindow>
 #include <QPointer>
+#include <QUndoStack>
 
 #include <array>
 #include <optional>
@@ -17,6 +18,7 @@ class Form3;
 class Form4;
 class Form5;
 class PredictionPanel;
+class StoredPetsWindow;
 class QStatusBar;
 class QToolBar;
 class TemplatePanel;
@@ -46,6 +48,7 @@ private slots:
     void ClearTemplate();
     void NoSort();
     void ShowAddDna();
+    void ShowStoredPets();
     void ShowDnaView();
     void ShowPetView();
     void ShowOptions();
@@ -68,6 +71,10 @@ private:
     void SaveDnaFile(quorvel::SaveMode mode);
     void ReadSettingsFile();
     void WriteSettingsFile();
+    // The stored pets' file beside the settings file: read at start, written on every change.
+    QString StoredPetsPath() const;
+    void ReadStoredPetsFile();
+    void WriteStoredPetsFile();
     void OpenExperimentWindow(bool canReset);
     // "Quorvel v0.55 [path]" once a file was loaded or saved.
     void ShowFileCaption();
@@ -86,6 +93,12 @@ private:
     QPointer<Form3> form3_;
     QPointer<Form4> form4_;
     QPointer<Form5> form5_;
+    QPointer<StoredPetsWindow> storedPets_;
+    // Deleting and renaming stored pets can be undone for the whole run.
+    QUndoStack petUndo_;
+    // False when the file of stored pets could not be read, or its bad lines not kept aside:
+    // then it is not written over.
+    bool petsFileWritable_ = true;
     // The window's place and size as the settings file gave them (left, top, width, height, twips).
     std::array<std::optional<double>, 4> placementTwips_{};
 };

@@ -2,9 +2,9 @@
 
 #include "DnaListPanel.h"
 #include "UiText.h"
+#include "WholeFile.h"
 
 #include <QMessageBox>
-#include <QSaveFile>
 
 #include <string>
 
@@ -13,24 +13,12 @@ namespace {
 // Writes the whole text or nothing: the old file is replaced only once the new one is
 // complete. When the file cannot be created or written, the user is told the path and
 // the reason, and the old file stays as it was.
-bool WriteWholeFile(QWidget *parent, const QString &path, const std::string &text) {
-    QSaveFile file(path);
-    // Unbuffered, so that a short write shows here and not in a flush that commit() would
-    // let pass; a short write is retried, and the retry tells the reason.
-    const auto size = static_cast<qint64>(text.size());
-    qint64 written = 0;
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        while (written < size) {
-            const qint64 n = file.write(text.data() + written, size - written);
-            if (n <= 0)
-                break;
-            written += n;
-        }
-    }
-    if (file.isOpen() && written == size && file.commit())
+bool SaveWholeFile(QWidget *parent, const QString &path, const std::string &text) {
+    const QString failure = WriteWholeFile(path, text);
+    if (failure.isEmpty())
         return true;
     QMessageBox failed(QMessageBox::Warning, QStringLiteral("Save DNA"),
-                       QStringLiteral("Could not save %1:\n%2").arg(path, file.errorString()), QMessageBox::Ok, parent);
+                       QStringLiteral("Could not save %1:\n%2").arg(path, failure), QMessageBox::Ok, parent);
     failed.exec();
     parent->activateWindow();
     return false;
@@ -59,7 +47,7 @@ void Form1::SaveDnaFile(quorvel::SaveMode mode) {
 
     const std::string text = model_.DnaFileText(mode, list_->ShownSlots());
     const QString path = ToQt(model_.LastDnaFile());
-    if (!WriteWholeFile(this, path, text))
+    if (!SaveWholeFile(this, path, text))
         return;
 
     if (usesLastFile) {

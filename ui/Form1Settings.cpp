@@ -61,6 +61,10 @@ std::array<int, 4> PlacementPx(const QWidget &window) {
 
 } // namespace
 
+QString Form1::StoredPetsPath() const {
+    return SettingsFolder(ProgramFolder()) + QStringLiteral("/quorvel-pets.csv");
+}
+
 void Form1::ReadSettingsFile() {
     QFile file(SettingsReadPath(ProgramFolder()));
     if (!file.open(QIODevice::ReadOnly))

@@ -42,6 +42,7 @@ public:
     void PetPredicted(const quorvel::StatTexts &texts) override { emit petPredicted(texts); }
     void FoldChanged(quorvel::FoldPart part, bool folded) override { emit foldChanged(part, folded); }
     void SettingsChanged() override { emit settingsChanged(); }
+    void StoredPetsChanged() override { emit storedPetsChanged(); }
 
 signals:
     void rowsRebuilt();
@@ -58,6 +59,7 @@ signals:
     void petPredicted(const quorvel::StatTexts &texts);
     void foldChanged(quorvel::FoldPart part, bool folded);
     void settingsChanged();
+    void storedPetsChanged();
     void secondaryWindowOpened();
     void secondaryWindowClosed();
 

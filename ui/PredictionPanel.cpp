@@ -10,8 +10,10 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDateTime>
 #include <QFocusEvent>
 #include <QFrame>
+#include <QInputDialog>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -65,8 +67,11 @@ PredictionPanel::PredictionPanel(quorvel::AppModel &model, ModelHub &hub, QWidge
     connect(Combo3->view()->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this] { ApplySkinLevel(ChosenSkin()); });
 
-    connect(&hub, &ModelHub::petPredicted, this,
-            [this](const quorvel::StatTexts &texts) { ShowStatTexts(Label23, texts); });
+    connect(Command1, &QPushButton::clicked, this, &PredictionPanel::StorePet);
+    connect(&hub, &ModelHub::petPredicted, this, [this](const quorvel::StatTexts &texts) {
+        ShowStatTexts(Label23, texts);
+        Command1->setEnabled(model_.ShownPet().has_value());
+    });
     connect(&hub, &ModelHub::templateCleared, this, &PredictionPanel::ClearStats);
     connect(&hub, &ModelHub::foldChanged, this, &PredictionPanel::ShowFold);
 }
@@ -86,13 +91,29 @@ int PredictionPanel::ChosenSkin() const {
 }
 
 void PredictionPanel::ApplySkinLevel(int index) {
-    if (const auto level = model_.SkinLevelText(index))
+    if (const auto level = model_.ChooseSkin(index))
         Label23[quorvel::LevelLabel]->setText(ShownNumber(*level));
 }
 
 void PredictionPanel::ClearStats() {
     for (QLabel *label : Label23)
         label->setText(QStringLiteral("0"));
+    Command1->setEnabled(false);
+}
+
+void PredictionPanel::StorePet() {
+    if (!model_.ShownPet())
+        return;
+    QInputDialog dialog(Picture3->window());
+    dialog.setObjectName(QStringLiteral("StorePetDialog"));
+    dialog.setWindowTitle(QStringLiteral("Store this pet"));
+    dialog.setLabelText(QStringLiteral("Name of the pet:"));
+    dialog.setTextValue(ToQt(model_.ShownPet()->Name));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    // An emptied name stores the pet under its default name.
+    model_.StoreShownPet(FromQt(dialog.textValue().trimmed()),
+                         FromQt(QDateTime::currentDateTime().toString(Qt::ISODate)));
 }
 
 void PredictionPanel::ShowFold(quorvel::FoldPart part, bool folded) {

@@ -30,7 +30,7 @@ public:
     QLabel *HealthCaption = nullptr; // Label14(11)
     StatLabelArray Label23{};
     QComboBox *Combo3 = nullptr;
-    QPushButton *Command1 = nullptr; // "Store this pet", no action
+    QPushButton *Command1 = nullptr; // "Store this pet", while a prediction is shown
     QPushButton *Command8 = nullptr; // "E"
 
 protected:
@@ -41,6 +41,8 @@ private:
     int ChosenSkin() const;
     // Every statistic back to "0", as the whole-template clear leaves them.
     void ClearStats();
+    // "Store this pet": asks a name and keeps the pet shown.
+    void StorePet();
     // Item `index` of the skin box raises the level shown to the skin's minimum.
     void ApplySkinLevel(int index);
     // The pet panel folds; it moves up when the values panel above it folds.

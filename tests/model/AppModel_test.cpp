@@ -35,6 +35,7 @@ public:
     void PetPredicted(const StatTexts &) override {}
     void FoldChanged(FoldPart, bool) override {}
     void SettingsChanged() override {}
+    void StoredPetsChanged() override { told.push_back("pets"); }
 };
 
 std::string WriteFile(const std::string &name, const std::string &text) {
@@ -114,4 +115,68 @@ TEST(AppModel, FoldAllAlternatesAndLeavesThePanelsAlone) {
     model.FoldAllLists();
     EXPECT_TRUE(model.Folded(FoldPart::PhysiqueList) && model.Folded(FoldPart::AggressivenessList));
     EXPECT_FALSE(model.Folded(FoldPart::Editor) || model.Folded(FoldPart::ValuesPanel));
+}
+
+TEST(AppModel, StoredPetsFollowTheShownPetAndComeBackIntoTheTemplate) {
+    AppModel model;
+    Recorder list;
+    model.SetObserver(&list);
+    model.Settings()[Old] = true;
+    EXPECT_FALSE(model.ShownPet());
+    for (int16_t value : {300, 400, 500}) {
+        DnaRecord record = Sample();
+        record.Name = "S" + std::to_string(value);
+        record.Attributes.fill(value);
+        model.AddDnaRecord(record);
+    }
+    // The template: slots 1, 2, 3 in the first three categories, Mental experimented.
+    for (int slot = 1; slot <= 3; ++slot) {
+        model.SelectRow(slot, slot);
+        model.PutDnaInTemplate(static_cast<Category>(slot - 1));
+    }
+    model.ToggleExperiment(Category::Mental);
+    ASSERT_TRUE(model.ShownPet());
+    EXPECT_EQ(model.ShownPet()->Source, PetSource::Template);
+    // A skin's level is the level shown, also in the default name.
+    const std::string level = *model.ChooseSkin(68);
+    EXPECT_EQ(level, "40");
+    EXPECT_EQ(model.ShownPet()->Name, "S300 level 40");
+    list.told.clear();
+    model.StoreShownPet("", "2024-05-01T18:30:00");
+    EXPECT_EQ(list.told, std::vector<std::string>{"pets"});
+    const StoredPet stored = model.StoredPets().at(0);
+    EXPECT_EQ(stored.Name, "S300 level 40");
+    EXPECT_EQ(stored.Text(PetStat::Level), "40");
+
+    // A dropped sample is shown; a whole-template clear shows nothing to store.
+    model.SelectRow(3, 3);
+    model.PredictSelectedSample();
+    model.StoreShownPet("Big one", "2024-05-02");
+    EXPECT_EQ(model.StoredPets().at(1).Source, PetSource::Sample);
+    EXPECT_EQ(model.UseStoredPet(1), std::vector<Category>{}); // a sample pet has no template
+    model.ClearTemplate(ClearScope::WholeTemplate);
+    EXPECT_FALSE(model.ShownPet());
+    model.StoreShownPet("nothing", "");
+    EXPECT_EQ(model.StoredPets().size(), 2u);
+
+    // A sample changed in the library is missing, and then nothing is put back.
+    model.SelectRow(2, 2);
+    model.StoreSelectedText(AttributeColumn(Power), "401");
+    EXPECT_EQ(model.UseStoredPet(0), std::vector<Category>{Category::Prowess});
+    EXPECT_EQ(model.Template().Slots[0].Name, "-");
+    model.StoreSelectedText(AttributeColumn(Power), "400");
+    EXPECT_EQ(model.UseStoredPet(0), std::vector<Category>{});
+    EXPECT_EQ(model.Template().Slots[2].Name + model.Template().Slots[3].Name, "S500-");
+    EXPECT_EQ(model.Template().Experimented, (std::array<bool, 5>{false, false, true, false, false}));
+    EXPECT_EQ(model.Template().Current, stored.Values);
+    EXPECT_EQ(model.ShownPet()->Shown[static_cast<int>(PetStat::Health)], stored.Text(PetStat::Health));
+
+    // Removing and inserting again; the file text reads back the same list.
+    const std::optional<StoredPet> removed = model.RemoveStoredPet(0);
+    EXPECT_FALSE(model.RemoveStoredPet(5));
+    model.InsertStoredPet(0, *removed);
+    model.RenameStoredPet(1, "Renamed, \"quoted\"");
+    const std::vector<StoredPet> pets = model.StoredPets();
+    EXPECT_EQ(model.ReadStoredPetsText(model.StoredPetsText()), std::vector<int>{});
+    EXPECT_EQ(model.StoredPets(), pets);
 }

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -42,6 +43,10 @@ void WriteSettingsFile(const QByteArray &content) {
     QFile file(SettingsPath());
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(content);
+}
+
+QString StoredPetsPath() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel-pets.csv");
 }
 
 QByteArray ReadFileBytes(const QString &path) {
@@ -129,6 +134,28 @@ void AnswerFileDialog(const QString &path) {
         auto *edit = Find<QLineEdit>(dialog, QStringLiteral("fileNameEdit"));
         edit->setText(path);
         QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+void AnswerInputDialog(const QString &text, QString *seen, bool accept) {
+    QTimer::singleShot(50, [=] {
+        QInputDialog *dialog = nullptr;
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            if (auto *d = qobject_cast<QInputDialog *>(w); d && d->isVisible())
+                dialog = d;
+        }
+        if (!dialog) {
+            AnswerInputDialog(text, seen, accept);
+            return;
+        }
+        if (seen)
+            *seen = dialog->textValue();
+        if (!accept) {
+            dialog->reject();
+            return;
+        }
+        dialog->setTextValue(text);
+        dialog->accept();
     });
 }
 
@@ -242,11 +269,13 @@ void WindowTest::init() {
     // The user's preferences (the display scale) go to a folder of the test's own, empty at first.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, TempFolder() + QStringLiteral("/config"));
     QSettings(QStringLiteral("quorvel"), QStringLiteral("display")).clear();
+    QFile::remove(StoredPetsPath());
 }
 
 void WindowTest::cleanup() {
     CloseAllWindows();
     RemoveSettingsFile();
+    QFile::remove(StoredPetsPath());
     QLocale::setDefault(QLocale::c());
 }
 

@@ -21,6 +21,8 @@ namespace testsupport {
 QString SettingsPath();
 void RemoveSettingsFile();
 void WriteSettingsFile(const QByteArray &content);
+// The stored pets' file beside the settings file; tests start without it.
+QString StoredPetsPath();
 QByteArray ReadFileBytes(const QString &path);
 
 // A new main window, shown, with the decimal point "." unless told otherwise.
@@ -47,6 +49,9 @@ QString TempFolder();
 // Schedules an answer to the next file dialog: the path typed and Enter, or Escape when empty.
 // The answers wait a few seconds for their dialog; one that never shows fails the test.
 void AnswerFileDialog(const QString &path);
+// Schedules an answer to the next input dialog: its text replaced by `text` and OK, or Cancel
+// when `accept` is false; `seen` receives the text it offered.
+void AnswerInputDialog(const QString &text, QString *seen = nullptr, bool accept = true);
 // Schedules a click on a message box button; `seen` receives the box's title and text.
 void AnswerMessageBox(int standardButton, QString *seenTitle = nullptr, QString *seenText = nullptr);
 
