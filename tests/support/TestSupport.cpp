@@ -138,16 +138,7 @@ void AnswerFileDialog(const QString &path) {
 }
 
 void AnswerInputDialog(const QString &text, QString *seen, bool accept) {
-    QTimer::singleShot(50, [=] {
-        QInputDialog *dialog = nullptr;
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *d = qobject_cast<QInputDialog *>(w); d && d->isVisible())
-                dialog = d;
-        }
-        if (!dialog) {
-            AnswerInputDialog(text, seen, accept);
-            return;
-        }
+    WhenShown<QInputDialog>("input dialog", [=](QInputDialog *dialog) {
         if (seen)
             *seen = dialog->textValue();
         if (!accept) {

@@ -128,6 +128,7 @@ private slots:
         WritePets({Pet("Weak", "900", "47.16"), strong});
         auto form = MakeForm1();
         QWidget *window = OpenStoredPets(form.get());
+        QVERIFY(window);
         auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
         QCOMPARE(RowCount(table), 2);
 
@@ -177,6 +178,7 @@ private slots:
         // S5 now has another Power: it is not the sample the pet was made of.
         LoadSamples(form.get(), FiveSamples(499));
         QWidget *window = OpenStoredPets(form.get());
+        QVERIFY(window);
         auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
         auto *use = Find<QPushButton>(window, QStringLiteral("storedPetsUse"));
         QVERIFY(!use->isEnabled());
@@ -205,6 +207,7 @@ private slots:
         QVERIFY(ReadFileBytes(StoredPetsPath() + QStringLiteral(".bad")).endsWith("not,a,pet\r\n"));
 
         QWidget *window = OpenStoredPets(form.get());
+        QVERIFY(window);
         auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
         auto *undo = Find<QPushButton>(window, QStringLiteral("storedPetsUndo"));
         QVERIFY(!undo->isEnabled());
@@ -228,6 +231,7 @@ private slots:
         form.reset();
         form = MakeForm1();
         table = Find<QTableWidget>(OpenStoredPets(form.get()), QStringLiteral("storedPetsTable"));
+        QVERIFY(table);
         QCOMPARE(RowCount(table), 3);
         QCOMPARE(Cell(table, 2, 0), QStringLiteral("Two"));
         QCOMPARE(Cell(table, 2, kHealth), QStringLiteral("200"));
