@@ -82,7 +82,7 @@ int main(int argc, char *argv[]) {
     if (!bench::WriteFile(samplesPath, bench::SampleDnaText(500)))
         return 1;
     quorvel::SettingsFileData reload;
-    reload.settings[quorvel::Load] = true;
+    reload.settings[quorvel::Setting::Load] = true;
     reload.lastDnaFile = samplesPath;
     const std::string reloadText = quorvel::WriteSettingsText(reload);
 

@@ -18,12 +18,12 @@ constexpr std::size_t kOriginField = 13;
 constexpr std::size_t kQualityField = 14;
 constexpr std::size_t kUsedFields = 15;
 constexpr std::size_t kMaxAttributeChars = 5;
-constexpr std::size_t kNameColumn = ColumnIndex(ListColumn::Name);
-constexpr std::size_t kFirstAttributeColumn = ColumnIndex(ListColumn::FirstAttribute);
-constexpr std::size_t kLevelColumn = ColumnIndex(ListColumn::Level);
-constexpr std::size_t kPlanetColumn = ColumnIndex(ListColumn::Planet);
-constexpr std::size_t kOriginColumn = ColumnIndex(ListColumn::Origin);
-constexpr std::size_t kQualityColumn = ColumnIndex(ListColumn::Quality);
+constexpr std::size_t kNameColumn = Index(ListColumn::Name);
+constexpr std::size_t kFirstAttributeColumn = Index(ListColumn::FirstAttribute);
+constexpr std::size_t kLevelColumn = Index(ListColumn::Level);
+constexpr std::size_t kPlanetColumn = Index(ListColumn::Planet);
+constexpr std::size_t kOriginColumn = Index(ListColumn::Origin);
+constexpr std::size_t kQualityColumn = Index(ListColumn::Quality);
 
 // Splits at every comma; whatever follows the fifteenth field is never looked at.
 std::vector<std::string_view> SplitFields(std::string_view line) {
@@ -154,7 +154,7 @@ std::string EditedCell(const DnaRecord &record, ListColumn column) {
     case ListColumn::Quality:
         return QualityName(record.Quality).value_or("");
     default:
-        return EditorCell(record.Attributes[ColumnIndex(column) - kFirstAttributeColumn]);
+        return EditorCell(record.Attributes[Index(column) - kFirstAttributeColumn]);
     }
     return {};
 }

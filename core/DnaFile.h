@@ -31,10 +31,6 @@ constexpr ListColumn AttributeColumn(int attribute) {
     return static_cast<ListColumn>(static_cast<int>(ListColumn::FirstAttribute) + attribute);
 }
 
-constexpr std::size_t ColumnIndex(ListColumn column) {
-    return static_cast<std::size_t>(column);
-}
-
 // The texts of one DNA list row, column 0 ("#") to 15 ("Quality"), all UTF-8.
 using RowCells = std::array<std::string, kListColumns>;
 

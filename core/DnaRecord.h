@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EnumIndex.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -12,7 +14,7 @@ constexpr int kMaxSamples = 500;
 
 // Hardiness, Fortitude, Dexterity, Endurance, Intellect, Cleverness,
 // Dependability, Courage, Fierceness, Power: every table, line and row uses this order.
-enum Attribute : int {
+enum class Attribute : int {
     Hardiness,
     Fortitude,
     Dexterity,

@@ -74,15 +74,15 @@ SettingsFileData ReadSettingsText(std::string_view text) {
         if (key != std::end(kKeys))
             data.settings.Options[key - std::begin(kKeys)] = true;
 
-        if (item == kKeys[Load]) {
+        if (item == kKeys[Index(Setting::Load)]) {
             if (next < lines.size())
                 data.lastDnaFile = lines[next++];
-        } else if (item == kKeys[Col]) {
+        } else if (item == kKeys[Index(Setting::Col)]) {
             for (auto &width : data.columnWidths) {
                 if (const auto value = readNumber())
                     width = value;
             }
-        } else if (item == kKeys[Size]) {
+        } else if (item == kKeys[Index(Setting::Size)]) {
             for (auto &value : data.placement) {
                 if (const auto number = readNumber())
                     value = number;
@@ -98,30 +98,30 @@ SettingsFileData ReadSettingsText(std::string_view text) {
 std::string WriteSettingsText(const SettingsFileData &data) {
     const Settings &settings = data.settings;
     std::string text;
-    const auto key = [&](SettingIndex index) {
+    const auto key = [&](Setting index) {
         if (settings[index])
-            text += std::string(kKeys[index]) + kLineEnd;
+            text += std::string(kKeys[Index(index)]) + kLineEnd;
     };
 
-    key(Min);
-    key(OnTop);
-    key(LFocus);
-    key(Load);
-    if (settings[Load])
+    key(Setting::Min);
+    key(Setting::OnTop);
+    key(Setting::LFocus);
+    key(Setting::Load);
+    if (settings[Setting::Load])
         text += data.lastDnaFile + kLineEnd;
-    key(Col);
-    if (settings[Col]) {
+    key(Setting::Col);
+    if (settings[Setting::Col]) {
         for (const auto &width : data.columnWidths)
             text += WidthLine(width);
     }
-    key(Size);
-    if (settings[Size]) {
+    key(Setting::Size);
+    if (settings[Setting::Size]) {
         for (const auto &value : data.placement)
             text += PlacementLine(value);
     }
-    key(Old);
-    key(New1);
-    key(New2);
+    key(Setting::Old);
+    key(Setting::New1);
+    key(Setting::New2);
     text += std::string(kExpKey) + kLineEnd;
     text += NumberLine(FormatWhole(ClampExpPoints(settings.ExpPoints)));
     return text;

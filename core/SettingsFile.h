@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EnumIndex.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -9,14 +11,15 @@
 namespace quorvel {
 
 // The nine options, indexed as the Options window's check boxes.
-enum SettingIndex : int { Min, OnTop, LFocus, Load, Col, Size, Old, New1, New2, kSettingCount };
+enum class Setting : int { Min, OnTop, LFocus, Load, Col, Size, Old, New1, New2 };
+constexpr int kSettingCount = 9;
 
 struct Settings {
     std::array<bool, kSettingCount> Options{};
     int ExpPoints = 0;
 
-    bool operator[](SettingIndex i) const { return Options[i]; }
-    bool &operator[](SettingIndex i) { return Options[i]; }
+    bool operator[](Setting s) const { return Options[Index(s)]; }
+    bool &operator[](Setting s) { return Options[Index(s)]; }
 };
 
 // Brings experimentation points into 1..12, as the Options window does when it opens.

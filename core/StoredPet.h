@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DnaRecord.h"
+#include "PetStat.h"
 
 #include <array>
 #include <cstdint>
@@ -22,22 +23,6 @@ struct PetSample {
     PetValues Attributes{};
 
     bool operator==(const PetSample &) const = default;
-};
-
-// The panel texts in the order of its labels: Health, Regen, Armor, To hit, Defense, State Resist,
-// Critical hit, Critical save, Aggro bonus, Damage, Level.
-enum class PetStat : int {
-    Health,
-    Regen,
-    Armor,
-    ToHit,
-    Defense,
-    StateResist,
-    CriticalHit,
-    CriticalSave,
-    AggroBonus,
-    Damage,
-    Level
 };
 
 // A prediction the player kept: what it was predicted from and what the panel showed.

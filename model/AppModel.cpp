@@ -19,7 +19,7 @@ AppModel::AppModel() {
 }
 
 LevelEquations AppModel::Equations() const {
-    return {settings_[Old], settings_[New1], settings_[New2]};
+    return {settings_[Setting::Old], settings_[Setting::New1], settings_[Setting::New2]};
 }
 
 void AppModel::StartLoad() {
@@ -115,7 +115,7 @@ void AppModel::StoreSelectedText(ListColumn column, const std::string &text) {
     } else {
         int16_t &field = column == ListColumn::Level
                              ? record.Level
-                             : record.Attributes[ColumnIndex(column) - ColumnIndex(ListColumn::FirstAttribute)];
+                             : record.Attributes[Index(column) - Index(ListColumn::FirstAttribute)];
         if (const std::optional<int16_t> value = ToInt16(ReadNumber(text)))
             field = *value;
     }
@@ -151,8 +151,8 @@ std::optional<int> AppModel::NewDnaRecord() {
     } else {
         // The new row shows its number and name; its other cells stay empty until it is edited.
         RowCells cells;
-        cells[ColumnIndex(ListColumn::Slot)] = FormatWhole(*slot);
-        cells[ColumnIndex(ListColumn::Name)] = record.Name;
+        cells[Index(ListColumn::Slot)] = FormatWhole(*slot);
+        cells[Index(ListColumn::Name)] = record.Name;
         Tell(&AppModelObserver::RowsAppended, std::vector<std::pair<int, RowCells>>{{*slot, cells}});
     }
     SelectRow(*slot, *slot);
@@ -180,15 +180,14 @@ void AppModel::PutDnaInTemplate(Category category) {
 }
 
 void AppModel::PutSample(Category category, const DnaRecord &record) {
-    const CategoryView view = quorvel::PutDnaInTemplate(template_, static_cast<int>(category), record);
+    const CategoryView view = quorvel::PutDnaInTemplate(template_, category, record);
     Tell(&AppModelObserver::CategoryFilled, category, view);
     EvaluateTemplate();
 }
 
 void AppModel::PutDnaInFirstFreeSlot() {
-    const int category = FirstFreeCategory(template_);
-    if (category >= 0)
-        PutDnaInTemplate(static_cast<Category>(category));
+    if (const std::optional<Category> category = FirstFreeCategory(template_))
+        PutDnaInTemplate(*category);
 }
 
 void AppModel::ClearTemplate(ClearScope scope, Category category) {
@@ -198,21 +197,21 @@ void AppModel::ClearTemplate(ClearScope scope, Category category) {
         Tell(&AppModelObserver::TemplateCleared);
         return;
     }
-    ClearCategory(template_, static_cast<int>(category));
+    ClearCategory(template_, category);
     Tell(&AppModelObserver::CategoryCleared, category);
     EvaluateTemplate();
 }
 
 void AppModel::ToggleExperiment(Category category) {
-    quorvel::ToggleExperiment(template_, static_cast<int>(category));
-    Tell(&AppModelObserver::ExperimentToggled, category, template_.Experimented[CategoryIndex(category)]);
+    quorvel::ToggleExperiment(template_, category);
+    Tell(&AppModelObserver::ExperimentToggled, category, template_.Experimented[Index(category)]);
     EvaluateTemplate();
 }
 
 void AppModel::ClearExperiment() {
     // Marking a category experimented and toggling it back gives it its evaluated values again.
     for (const Category category : kCategories) {
-        template_.Experimented[CategoryIndex(category)] = true;
+        template_.Experimented[Index(category)] = true;
         ToggleExperiment(category);
     }
 }
@@ -263,7 +262,7 @@ void AppModel::OpenSession() {
 }
 
 void AppModel::PlacePoint(Category category, int box) {
-    quorvel::PlacePoint(session_, static_cast<int>(category), box);
+    quorvel::PlacePoint(session_, category, box);
 }
 
 void AppModel::RunExperiment() {
@@ -320,7 +319,7 @@ void AppModel::TakeSettingsFile(const SettingsFileData &data) {
     settings_ = data.settings;
     // The points column of the experimentation window has twelve boxes.
     settings_.ExpPoints = std::clamp(settings_.ExpPoints, 0, 12);
-    if (settings_[Load])
+    if (settings_[Setting::Load])
         lastDnaFile_ = data.lastDnaFile;
     Tell(&AppModelObserver::SettingsChanged);
 }

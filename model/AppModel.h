@@ -43,14 +43,6 @@ enum class FileRead {
     NotOpened // no file named, a folder, or a file that cannot be opened: nothing changed
 };
 
-enum class Category : int { Physique, Prowess, Mental, Psychology, Aggressiveness };
-constexpr std::array<Category, kCategoryCount> kCategories{Category::Physique, Category::Prowess, Category::Mental,
-                                                           Category::Psychology, Category::Aggressiveness};
-
-constexpr std::size_t CategoryIndex(Category category) {
-    return static_cast<std::size_t>(category);
-}
-
 // "Clear" and the category list's double-click: one category, evaluated afterwards, or the
 // whole template with every caption back to its start text and no evaluation.
 enum class ClearScope { OneCategory, WholeTemplate };

@@ -75,24 +75,25 @@ void RefreshExperimentView(ExperimentSession &s, DnaTemplate &t) {
         if (s.CurrentPercentText[c] == s.CapPercentText[c] && n >= 0 && n < kRowBoxes)
             s.Rows[c][n] = BoxColour::Yellow;
     }
-    for (int a = 0; a < Power; ++a)
+    for (int a = 0; a < static_cast<int>(Attribute::Power); ++a)
         s.ValueTexts[a] = ValueCapText(t.Current[a], t.Caps[a]);
-    s.ValueTexts[Power] = PowerCapText(t.Current[Power], t.Caps[Power]);
+    s.ValueTexts[Index(Attribute::Power)] = PowerCapText(t.Current[Index(Attribute::Power)], t.Caps[Index(Attribute::Power)]);
 }
 
-void PlacePoint(ExperimentSession &s, int c, int b) {
+void PlacePoint(ExperimentSession &s, Category category, int b) {
+    const int c = static_cast<int>(category);
     const bool onBox = c >= 0 && c < kCategoryCount && b >= 0 && b < kRowBoxes;
     if (onBox && s.RemainingPoints > 0) {
         auto &row = s.Rows[c];
         if (!s.PointPending && row[b] == BoxColour::White) {
             --s.RemainingPoints;
             s.PointPending = true;
-            s.PendingCategory = c;
+            s.PendingCategory = category;
             *std::find(row.begin(), row.end(), BoxColour::White) = BoxColour::Green;
         } else if (row[b] == BoxColour::Green) {
             ++s.RemainingPoints;
             s.PointPending = false;
-            s.PendingCategory = c;
+            s.PendingCategory = category;
             row[b] = BoxColour::White;
         }
     }
@@ -100,7 +101,7 @@ void PlacePoint(ExperimentSession &s, int c, int b) {
 }
 
 void RunExperiment(ExperimentSession &s, DnaTemplate &t) {
-    const int c = s.PendingCategory;
+    const int c = static_cast<int>(s.PendingCategory);
     if (!s.PointPending || c < 0 || c >= kCategoryCount)
         return;
     const Value x = t.Current[2 * c];

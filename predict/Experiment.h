@@ -15,7 +15,7 @@ enum class BoxColour { White, Yellow, Green };
 struct ExperimentSession {
     int RemainingPoints = 0;
     bool PointPending = false;
-    int PendingCategory = 0;
+    Category PendingCategory = Category::Physique;
     std::array<int, kCategoryCount> RowPercent{};
 
     std::array<std::array<BoxColour, 10>, kCategoryCount> Rows{};
@@ -39,7 +39,7 @@ void RefreshPointsColumn(ExperimentSession &s);
 void RefreshExperimentView(ExperimentSession &s, DnaTemplate &t);
 
 // A click on box b of row c.
-void PlacePoint(ExperimentSession &s, int c, int b);
+void PlacePoint(ExperimentSession &s, Category category, int b);
 
 // "Run Experiment!": raises the pending category's pair by 140 split in proportion,
 // never above the caps (a pair of two zeros splits evenly), then redraws.

@@ -105,11 +105,11 @@ CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, Prediction
     std::copy(v.begin(), v.end(), wide.begin());
     const int64_t oldSum = LevelSum<int64_t>(wide, 1);
     const int64_t new1Sum = LevelSum<int64_t>(wide, 2);
-    const double power = static_cast<double>(v[Power]);
+    const double power = static_cast<double>(v[Index(Attribute::Power)]);
 
     const auto weightedLevel = [&](int64_t sum) {
         if (source == PredictionSource::Sample)
-            return RoundHalfEven(static_cast<double>(sum + 30 * wide[Power]) / 100);
+            return RoundHalfEven(static_cast<double>(sum + 30 * wide[Index(Attribute::Power)]) / 100);
         return RoundHalfEven((power * 29.999 + static_cast<double>(sum)) / 100);
     };
 
@@ -142,31 +142,31 @@ CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source,
 }
 
 PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq) {
-    const auto at = [&v](Attribute a) { return static_cast<double>(v[a]); };
+    const auto at = [&v](Attribute a) { return static_cast<double>(v[Index(a)]); };
     PetPrediction result;
     StatTexts &labels = result.labels;
 
-    labels[HealthLabel] = HealthText(at(Hardiness), at(Dexterity));
-    labels[RegenLabel] = RegenText(at(Dependability), at(Endurance));
+    labels[Index(PetStat::Health)] = HealthText(at(Attribute::Hardiness), at(Attribute::Dexterity));
+    labels[Index(PetStat::Regen)] = RegenText(at(Attribute::Dependability), at(Attribute::Endurance));
     if (source == PredictionSource::Template) {
-        const double tenths = std::floor((at(Dependability) / 70 + at(Endurance) / 14) * 10);
-        std::string &regen = labels[RegenLabel];
+        const double tenths = std::floor((at(Attribute::Dependability) / 70 + at(Attribute::Endurance) / 14) * 10);
+        std::string &regen = labels[Index(PetStat::Regen)];
         regen += " (";
         AppendDouble(regen, tenths);
         regen += ')';
     }
-    labels[StateResistLabel] = StateResistText(at(Intellect), at(Hardiness));
-    labels[DefenseLabel] = DefenseText(at(Dexterity), at(Intellect));
-    labels[CriticalSaveLabel] = CriticalSaveText(at(Dependability));
-    labels[DamageLabel] = DamageText(at(Power));
-    labels[ToHitLabel] = ToHitText(at(Cleverness));
-    labels[CriticalHitLabel] = CriticalHitText(at(Fierceness));
-    labels[AggroBonusLabel] = AggroBonusText(at(Courage));
+    labels[Index(PetStat::StateResist)] = StateResistText(at(Attribute::Intellect), at(Attribute::Hardiness));
+    labels[Index(PetStat::Defense)] = DefenseText(at(Attribute::Dexterity), at(Attribute::Intellect));
+    labels[Index(PetStat::CriticalSave)] = CriticalSaveText(at(Attribute::Dependability));
+    labels[Index(PetStat::Damage)] = DamageText(at(Attribute::Power));
+    labels[Index(PetStat::ToHit)] = ToHitText(at(Attribute::Cleverness));
+    labels[Index(PetStat::CriticalHit)] = CriticalHitText(at(Attribute::Fierceness));
+    labels[Index(PetStat::AggroBonus)] = AggroBonusText(at(Attribute::Courage));
 
     result.level = PredictCreatureLevel(v, source, eq);
-    labels[LevelLabel] = result.level.text;
-    const int64_t armor = 6 * static_cast<int64_t>(v[Fortitude]);
-    std::string &armorText = labels[ArmorLabel];
+    labels[Index(PetStat::Level)] = result.level.text;
+    const int64_t armor = 6 * static_cast<int64_t>(v[Index(Attribute::Fortitude)]);
+    std::string &armorText = labels[Index(PetStat::Armor)];
     AppendWhole(armorText, armor);
     armorText += " [";
     AppendSingle(armorText, LevelArmor(result.level.level0));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PetStat.h"
 #include "Values.h"
 
 #include <array>
@@ -37,23 +38,8 @@ CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, Prediction
 // The numbers and their text.
 CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq);
 
-// Label23 texts, index 0 Health .. 10 Level, "." as decimal separator.
+// Label23 texts, index 0 Health .. 10 Level (PetStat), "." as decimal separator.
 using StatTexts = std::array<std::string, 11>;
-
-// The index of each statistic in StatTexts.
-enum StatLabel : int {
-    HealthLabel,
-    RegenLabel,
-    ArmorLabel,
-    ToHitLabel,
-    DefenseLabel,
-    StateResistLabel,
-    CriticalHitLabel,
-    CriticalSaveLabel,
-    AggroBonusLabel,
-    DamageLabel,
-    LevelLabel
-};
 
 enum class LevelEquation { Old, New1, New2 };
 

@@ -79,7 +79,8 @@ void PutNumberPair(std::string &text, int first, std::string_view between, int s
 
 } // namespace
 
-CategoryView PutDnaInTemplate(DnaTemplate &t, int category, const DnaRecord &record) {
+CategoryView PutDnaInTemplate(DnaTemplate &t, Category which, const DnaRecord &record) {
+    const int category = static_cast<int>(which);
     CategoryView view;
     if (!IsCategory(category))
         return view;
@@ -108,7 +109,8 @@ CategoryView PutDnaInTemplate(DnaTemplate &t, int category, const DnaRecord &rec
     return view;
 }
 
-void ClearCategory(DnaTemplate &t, int category) {
+void ClearCategory(DnaTemplate &t, Category which) {
+    const int category = static_cast<int>(which);
     if (!IsCategory(category))
         return;
     ClearFlags(t);
@@ -123,7 +125,8 @@ void ClearWholeTemplate(DnaTemplate &t) {
         EmptySlot(slot);
 }
 
-void ToggleExperiment(DnaTemplate &t, int category) {
+void ToggleExperiment(DnaTemplate &t, Category which) {
+    const int category = static_cast<int>(which);
     if (!IsCategory(category))
         return;
     if (t.Experimented[category]) {
@@ -135,12 +138,12 @@ void ToggleExperiment(DnaTemplate &t, int category) {
     t.Experimented[category] = true;
 }
 
-int FirstFreeCategory(const DnaTemplate &t) {
-    for (int k = 0; k < kCategoryCount; ++k) {
-        if (t.Slots[k].Name == "-")
-            return k;
+std::optional<Category> FirstFreeCategory(const DnaTemplate &t) {
+    for (const Category category : kCategories) {
+        if (t.Slots[Index(category)].Name == "-")
+            return category;
     }
-    return -1;
+    return std::nullopt;
 }
 
 TemplateNumbers EvaluateTemplateNumbers(DnaTemplate &t) {
@@ -154,8 +157,8 @@ TemplateNumbers EvaluateTemplateNumbers(DnaTemplate &t) {
         numbers.currentPercents[i] = PairPercent(t.Current[2 * i], t.Current[2 * i + 1]);
         numbers.capPercents[i] = PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1]);
     }
-    if (t.Current[Power] < 113) {
-        t.Current[Power] = 113;
+    if (t.Current[Index(Attribute::Power)] < 113) {
+        t.Current[Index(Attribute::Power)] = 113;
         numbers.powerRaised = true;
     }
     numbers.qualityKnown = EvaluateQuality(t);
@@ -170,7 +173,7 @@ TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
     for (int a = 0; a < kAttributeCount; ++a)
         PutNumberPair(result.label14[a], t.Current[a], " [", t.Caps[a], ']');
     if (numbers.powerRaised)
-        result.label14[Power] = kPowerMinimumText;
+        result.label14[Index(Attribute::Power)] = kPowerMinimumText;
     result.qualityText = numbers.qualityKnown ? QualityName(t.CurrentQuality).value_or("") : kQualityWarning;
     return result;
 }

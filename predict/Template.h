@@ -4,6 +4,7 @@
 #include "Values.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace quorvel {
@@ -35,19 +36,19 @@ struct CategoryView {
 
 // Copies name, attributes and quality into slot `category` and clears every Experimented flag.
 // The caller then evaluates.
-CategoryView PutDnaInTemplate(DnaTemplate &t, int category, const DnaRecord &record);
+CategoryView PutDnaInTemplate(DnaTemplate &t, Category category, const DnaRecord &record);
 
-// Empties one category (0..4): slot and Current to zero with name "-", flags cleared.
-void ClearCategory(DnaTemplate &t, int category);
+// Empties one category: slot and Current to zero with name "-", flags cleared.
+void ClearCategory(DnaTemplate &t, Category category);
 
 // Empties every slot (name "-", zeros); Current, Caps and flags stay.
 void ClearWholeTemplate(DnaTemplate &t);
 
 // Switches a category between not experimented and experimented (Current pair := Caps pair).
-void ToggleExperiment(DnaTemplate &t, int category);
+void ToggleExperiment(DnaTemplate &t, Category category);
 
-// First category whose slot name is exactly "-", or -1.
-int FirstFreeCategory(const DnaTemplate &t);
+// First category whose slot name is exactly "-", if any.
+std::optional<Category> FirstFreeCategory(const DnaTemplate &t);
 
 // The Label14 index 0..9 and Label42 texts after an evaluation.
 struct TemplateEvaluation {

@@ -37,15 +37,15 @@ std::string LevelArmorBracket(std::optional<int16_t> wholeLevel) {
 TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
     TypedEvaluation result;
     StatTexts &labels = result.labels;
-    labels[HealthLabel] = HealthText(v[0], v[2]);
-    labels[RegenLabel] = RegenText(v[6], v[3]);
-    labels[StateResistLabel] = StateResistText(v[4], v[0]);
-    labels[DefenseLabel] = DefenseText(v[2], v[4]);
-    labels[CriticalSaveLabel] = CriticalSaveText(v[6]);
-    labels[DamageLabel] = DamageText(v[9]);
-    labels[ToHitLabel] = ToHitText(v[5]);
-    labels[CriticalHitLabel] = CriticalHitText(v[8]);
-    labels[AggroBonusLabel] = AggroBonusText(v[7]);
+    labels[Index(PetStat::Health)] = HealthText(v[0], v[2]);
+    labels[Index(PetStat::Regen)] = RegenText(v[6], v[3]);
+    labels[Index(PetStat::StateResist)] = StateResistText(v[4], v[0]);
+    labels[Index(PetStat::Defense)] = DefenseText(v[2], v[4]);
+    labels[Index(PetStat::CriticalSave)] = CriticalSaveText(v[6]);
+    labels[Index(PetStat::Damage)] = DamageText(v[9]);
+    labels[Index(PetStat::ToHit)] = ToHitText(v[5]);
+    labels[Index(PetStat::CriticalHit)] = CriticalHitText(v[8]);
+    labels[Index(PetStat::AggroBonus)] = AggroBonusText(v[7]);
 
     std::optional<int16_t> wholeLevel = 0;
     std::string text;
@@ -68,8 +68,8 @@ TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
     if (eq.New2)
         run(LevelEquation::New2, WeightedSum(v, 1, 29.459));
 
-    labels[LevelLabel] = std::move(text);
-    labels[ArmorLabel] = FormatDouble(std::floor(v[1] * 6)) + LevelArmorBracket(wholeLevel);
+    labels[Index(PetStat::Level)] = std::move(text);
+    labels[Index(PetStat::Armor)] = FormatDouble(std::floor(v[1] * 6)) + LevelArmorBracket(wholeLevel);
     return result;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EnumIndex.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -26,6 +28,8 @@ inline Value ToValue(double wholeNumber) {
 }
 
 // Physique, Prowess, Mental, Psychology, Aggressiveness; category c owns attributes 2c and 2c+1.
-enum TemplateCategory : int { Physique, Prowess, Mental, Psychology, Aggressiveness };
+enum class Category : int { Physique, Prowess, Mental, Psychology, Aggressiveness };
+constexpr std::array<Category, kCategoryCount> kCategories{Category::Physique, Category::Prowess, Category::Mental,
+                                                           Category::Psychology, Category::Aggressiveness};
 
 } // namespace quorvel

@@ -96,7 +96,7 @@ void Form1::StartMainWindow() {
     ReadSettingsFile();
     ReadStoredPetsFile();
     connect(&hub_, &ModelHub::storedPetsChanged, this, &Form1::WriteStoredPetsFile);
-    if (model_.Settings()[quorvel::Load])
+    if (model_.Settings()[quorvel::Setting::Load])
         LoadDnaFile(quorvel::LoadMode::Append, true);
 }
 
@@ -251,7 +251,7 @@ void Form1::ExitApp() {
 }
 
 void Form1::SecondaryWindowOpened() {
-    if (model_.Settings()[quorvel::Min])
+    if (model_.Settings()[quorvel::Setting::Min])
         showMinimized();
 }
 

@@ -73,7 +73,7 @@ void Form1::ReadSettingsFile() {
     const SettingsFileData data = ReadSettingsText(std::string_view(bytes.constData(), bytes.size()));
 
     model_.TakeSettingsFile(data);
-    if (model_.Settings()[LFocus]) {
+    if (model_.Settings()[Setting::LFocus]) {
         editor_->Check1->setChecked(true);
         editor_->Command3->setEnabled(false);
     }

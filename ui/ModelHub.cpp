@@ -14,7 +14,7 @@ ModelHub::~ModelHub() {
 
 void ModelHub::ApplySecondaryWindowOptions(QWidget *window, QCheckBox *alwaysOnTop) {
     emit secondaryWindowOpened();
-    if (model_.Settings()[quorvel::OnTop]) {
+    if (model_.Settings()[quorvel::Setting::OnTop]) {
         alwaysOnTop->setChecked(true);
         SetTopMost(window, true);
     }

@@ -92,7 +92,7 @@ int PredictionPanel::ChosenSkin() const {
 
 void PredictionPanel::ApplySkinLevel(int index) {
     if (const auto level = model_.ChooseSkin(index))
-        Label23[quorvel::LevelLabel]->setText(ShownNumber(*level));
+        Label23[quorvel::Index(quorvel::PetStat::Level)]->setText(ShownNumber(*level));
 }
 
 void PredictionPanel::ClearStats() {

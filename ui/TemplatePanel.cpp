@@ -63,7 +63,7 @@ TemplatePanel::TemplatePanel(quorvel::AppModel &model, ModelHub &hub, QWidget *c
         list->raise();
 
     for (const quorvel::Category category : quorvel::kCategories) {
-        const std::size_t at = quorvel::CategoryIndex(category);
+        const std::size_t at = quorvel::Index(category);
         const auto put = [this, category] { model_.PutDnaInTemplate(category); };
         connect(new DropFilter(Picture1[at]), &DropFilter::dropped, this, put);
         connect(new DropFilter(List1[at]), &DropFilter::dropped, this, put);
@@ -191,8 +191,8 @@ void TemplatePanel::ClearCategory(quorvel::Category category) {
     ResetExperimentButtons();
     for (int pair = 0; pair < 5; ++pair)
         ContributionLabel(static_cast<int>(category), pair)->setText(QStringLiteral("0"));
-    List1[quorvel::CategoryIndex(category)]->clear();
-    ShowSampleTip(quorvel::CategoryIndex(category), QString());
+    List1[quorvel::Index(category)]->clear();
+    ShowSampleTip(quorvel::Index(category), QString());
 }
 
 void TemplatePanel::ClearWholeTemplate() {
@@ -248,7 +248,7 @@ bool TemplatePanel::TemplateComplete() const {
 }
 
 void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::CategoryView &view) {
-    QListWidget *list = List1[quorvel::CategoryIndex(category)];
+    QListWidget *list = List1[quorvel::Index(category)];
     list->clear();
     ResetExperimentButtons();
     for (int pair = 0; pair < 5; ++pair)
@@ -260,7 +260,7 @@ void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::Cate
     list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
 
     // The list shows one pair at a time; the tooltip shows the whole sample.
-    const quorvel::TemplateSlot &slot = model_.Template().Slots[quorvel::CategoryIndex(category)];
+    const quorvel::TemplateSlot &slot = model_.Template().Slots[quorvel::Index(category)];
     QStringList tip{ToQt(slot.Name)};
     for (std::size_t a = 0; a < slot.Attributes.size(); a += 2)
         tip << QStringLiteral("%1 %2, %3 %4")
@@ -268,7 +268,7 @@ void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::Cate
                    .arg(slot.Attributes[a])
                    .arg(SampleBoxCaption(static_cast<int>(a) + 1))
                    .arg(slot.Attributes[a + 1]);
-    ShowSampleTip(quorvel::CategoryIndex(category), tip.join(QLatin1Char('\n')));
+    ShowSampleTip(quorvel::Index(category), tip.join(QLatin1Char('\n')));
 }
 
 void TemplatePanel::ShowSampleTip(std::size_t category, const QString &tip) {
@@ -281,7 +281,7 @@ void TemplatePanel::ShowSampleTip(std::size_t category, const QString &tip) {
 }
 
 void TemplatePanel::ShowExperimented(quorvel::Category category, bool experimented) {
-    Command2[quorvel::CategoryIndex(category)]->setText(experimented ? QStringLiteral("-") : QStringLiteral("+"));
+    Command2[quorvel::Index(category)]->setText(experimented ? QStringLiteral("-") : QStringLiteral("+"));
 }
 
 void TemplatePanel::ShowEvaluation(const quorvel::TemplateEvaluation &shown) {

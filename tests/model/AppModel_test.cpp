@@ -47,7 +47,7 @@ std::string WriteFile(const std::string &name, const std::string &text) {
 DnaRecord Sample() {
     DnaRecord record;
     record.Name = "Rex";
-    record.Attributes[Power] = -5;
+    record.Attributes[Index(Attribute::Power)] = -5;
     record.Planet = 7;
     record.Origin = 1;
     record.Quality = 6.0f;
@@ -66,14 +66,14 @@ TEST(AppModel, AddDnaWritesTheEditorsCellsUntilASortWhichALoadDoesNotUndo) {
     const RowCells &row = list.appended[0].second;
     model.SelectRow(1, 1);
     model.StoreSelectedText(ListColumn::Name, "Rex");
-    model.StoreSelectedText(AttributeColumn(Power), "-5");
+    model.StoreSelectedText(AttributeColumn(Index(Attribute::Power)), "-5");
     model.StoreSelectedPlanet(7);
     model.StoreSelectedOrigin(1);
     model.StoreSelectedQuality(6);
     for (const auto &[column, text] : list.cells)
-        EXPECT_EQ(text, row[ColumnIndex(column)]);
+        EXPECT_EQ(text, row[Index(column)]);
     EXPECT_EQ(std::vector<std::string>(row.begin(), row.begin() + 3), (std::vector<std::string>{"1", "Rex", "   0"}));
-    EXPECT_EQ(row[ColumnIndex(ListColumn::Quality)], "Unknown");
+    EXPECT_EQ(row[Index(ListColumn::Quality)], "Unknown");
 
     // After a header click a load switches the sorting off, but the list still counts as
     // sorted: the next save rebuilds it instead of writing cells.

@@ -39,7 +39,7 @@ TEST(PetStats, SampleOfFiveHundredsAndTheChoiceOfEquations) {
         {{}, {"3000 [0]", ""}, 0.0f}};
     for (const auto &[equations, texts, level0] : cases) {
         const PetPrediction one = PredictPetStats(Filled(500), PredictionSource::Sample, equations);
-        EXPECT_EQ((Texts{one.labels[ArmorLabel], one.labels[LevelLabel]}), texts);
+        EXPECT_EQ((Texts{one.labels[Index(PetStat::Armor)], one.labels[Index(PetStat::Level)]}), texts);
         EXPECT_EQ(std::pair(one.level.level0, one.level.anyRan), std::pair(level0, level0 != 0.0f));
     }
 }
@@ -47,18 +47,18 @@ TEST(PetStats, SampleOfFiveHundredsAndTheChoiceOfEquations) {
 TEST(CreatureLevel, WholeLevelOfOneHundredAndTheSources) {
     // Hardiness and Fortitude 1000 make X = 10000 in every equation and no Power: L = 100.
     ValueArray v{};
-    v[Hardiness] = 1000;
-    v[Fortitude] = 1000;
+    v[Index(Attribute::Hardiness)] = 1000;
+    v[Index(Attribute::Fortitude)] = 1000;
     const PetPrediction p = PredictPetStats(v, PredictionSource::Sample, kAll);
-    EXPECT_EQ((Texts{p.labels[LevelLabel], p.labels[ArmorLabel]}), (Texts{"10.63 / 11.7 / 10.04", "6000 [0]"}));
+    EXPECT_EQ((Texts{p.labels[Index(PetStat::Level)], p.labels[Index(PetStat::Armor)]}), (Texts{"10.63 / 11.7 / 10.04", "6000 [0]"}));
     EXPECT_EQ(p.level.level0, 10.0f);
     EXPECT_EQ(PredictCreatureLevel(v, PredictionSource::Sample, kOldOnly).level0, 11.0f);
     // Sample: (150 + 30000) / 100 = 301.5 rounds to the even 302; template: 301.49 gives 301.
     v = {};
-    v[Fortitude] = 150;
-    v[Power] = 1000;
+    v[Index(Attribute::Fortitude)] = 150;
+    v[Index(Attribute::Power)] = 1000;
     EXPECT_EQ(PredictCreatureLevel(v, PredictionSource::Sample, kOldOnly).text, "68.06");
     EXPECT_EQ(PredictCreatureLevel(v, PredictionSource::Template, kOldOnly).text, "67.7");
     // 325 / 70 + 325 / 14 = 27.857...: rounded 28, ten times rounded down 278.
-    EXPECT_EQ(PredictPetStats(Filled(325), PredictionSource::Template, {}).labels[RegenLabel], "28 (278)");
+    EXPECT_EQ(PredictPetStats(Filled(325), PredictionSource::Template, {}).labels[Index(PetStat::Regen)], "28 (278)");
 }

@@ -17,7 +17,7 @@ constexpr LevelEquations kAll{true, true, true};
 DnaRecord Sample(const char *name, int16_t value) {
     DnaRecord r{name};
     r.Attributes.fill(value);
-    r.Attributes[Power] = static_cast<int16_t>(value + 1);
+    r.Attributes[Index(Attribute::Power)] = static_cast<int16_t>(value + 1);
     return r;
 }
 
@@ -26,21 +26,21 @@ DnaRecord Sample(const char *name, int16_t value) {
 TEST(PetStore, FromTemplateKeepsSlotsValuesCapsFlagsAndTheShownTexts) {
     DnaTemplate t;
     ClearWholeTemplate(t);
-    PutDnaInTemplate(t, Prowess, Sample("Kaadu", 400));
-    PutDnaInTemplate(t, Physique, Sample("Rancor", 500));
+    PutDnaInTemplate(t, Category::Prowess, Sample("Kaadu", 400));
+    PutDnaInTemplate(t, Category::Physique, Sample("Rancor", 500));
     EvaluateTemplate(t);
-    ToggleExperiment(t, Mental);
+    ToggleExperiment(t, Category::Mental);
     StatTexts shown = PredictPetStats(t.Current, PredictionSource::Template, kAll).labels;
-    shown[LevelLabel] = "40"; // a skin's minimum shown instead of the prediction
+    shown[Index(PetStat::Level)] = "40"; // a skin's minimum shown instead of the prediction
     const StoredPet pet = StoredPetFromTemplate(t, shown, "2024-05-01T18:30:00");
     EXPECT_EQ(pet.Source, PetSource::Template);
-    EXPECT_EQ((Texts{pet.Samples[Physique].Name, pet.Samples[Prowess].Name, pet.Samples[Mental].Name}),
+    EXPECT_EQ((Texts{pet.Samples[Index(Category::Physique)].Name, pet.Samples[Index(Category::Prowess)].Name, pet.Samples[Index(Category::Mental)].Name}),
               (Texts{"Rancor", "Kaadu", "-"}));
-    EXPECT_EQ(pet.Samples[Prowess].Attributes[Power], 401);
+    EXPECT_EQ(pet.Samples[Index(Category::Prowess)].Attributes[Index(Attribute::Power)], 401);
     EXPECT_EQ(pet.Values, t.Current);
     EXPECT_EQ(pet.Caps, t.Caps);
     EXPECT_EQ(pet.Experimented, (std::array<bool, 5>{false, false, true, false, false}));
-    EXPECT_EQ(pet.Text(PetStat::Regen), shown[RegenLabel]);
+    EXPECT_EQ(pet.Text(PetStat::Regen), shown[Index(PetStat::Regen)]);
     EXPECT_EQ(pet.Name, "Rancor level 40");
     EXPECT_EQ(pet.Date, "2024-05-01T18:30:00");
     // The pet survives the file.
@@ -77,16 +77,17 @@ TEST(PetStore, SamplesAreFoundByNameAndAttributes) {
 
     DnaTemplate t;
     ClearWholeTemplate(t);
-    PutDnaInTemplate(t, Physique, library.Records[1]);
-    PutDnaInTemplate(t, Prowess, library.Records[3]);
-    PutDnaInTemplate(t, Aggressiveness, Sample("Gone", 300));
+    PutDnaInTemplate(t, Category::Physique, library.Records[1]);
+    PutDnaInTemplate(t, Category::Prowess, library.Records[3]);
+    PutDnaInTemplate(t, Category::Aggressiveness, Sample("Gone", 300));
     const StoredPet pet = StoredPetFromTemplate(t, {}, "");
     const PetSamplesInLibrary found = FindPetSamples(pet, library);
     EXPECT_EQ(found.slots, (std::array<std::optional<int>, 5>{1, 3, {}, {}, {}}));
-    EXPECT_EQ(found.missing, std::vector<int>{Aggressiveness});
+    EXPECT_EQ(found.missing, std::vector<int>{static_cast<int>(Category::Aggressiveness)});
 
     // A sample renamed in the library is missing; one beyond Count is not looked at.
     library.Records[1].Name = "Rancor B";
     library.Count = 2;
-    EXPECT_EQ(FindPetSamples(pet, library).missing, (std::vector<int>{Physique, Prowess, Aggressiveness}));
+    EXPECT_EQ(FindPetSamples(pet, library).missing, (std::vector<int>{static_cast<int>(Category::Physique), static_cast<int>(Category::Prowess),
+                                                          static_cast<int>(Category::Aggressiveness)}));
 }

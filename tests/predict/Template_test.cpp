@@ -22,7 +22,7 @@ DnaTemplate FilledWith(int16_t value) {
     r.Attributes.fill(value);
     DnaTemplate t;
     ClearWholeTemplate(t);
-    for (int c = 0; c < kCategoryCount; ++c)
+    for (const Category c : kCategories)
         PutDnaInTemplate(t, c, r);
     return t;
 }
@@ -33,52 +33,52 @@ TEST(PutDnaInTemplate, LinesContributionsAndSelectedLine) {
     DnaTemplate t;
     t.Experimented = {true, true, false, true, true};
     const DnaRecord r{"Rancor A", {512, 340}};
-    const CategoryView physique = PutDnaInTemplate(t, Physique, r);
+    const CategoryView physique = PutDnaInTemplate(t, Category::Physique, r);
     EXPECT_EQ((Texts{physique.lines[0], physique.lines[1]}), (Texts{"Rancor A", "Hrd:512  |  Frt:340"}));
     EXPECT_EQ(physique.selectedLine, 1);
     EXPECT_EQ(physique.contributions[0], "340"); // 0.4 * 852 = 340.8 rounded down
     EXPECT_EQ(t.Experimented, (std::array<bool, 5>{}));
-    const CategoryView prowess = PutDnaInTemplate(t, Prowess, r); // weight 0.25
+    const CategoryView prowess = PutDnaInTemplate(t, Category::Prowess, r); // weight 0.25
     EXPECT_EQ(std::pair(prowess.selectedLine, prowess.contributions[0]), std::pair(2, std::string("213")));
     // No such category: nothing is stored.
-    EXPECT_EQ(PutDnaInTemplate(t, 5, DnaRecord{"x"}).lines[0] + t.Slots[Aggressiveness].Name, "");
+    EXPECT_EQ(PutDnaInTemplate(t, static_cast<Category>(5), DnaRecord{"x"}).lines[0] + t.Slots[Index(Category::Aggressiveness)].Name, "");
 }
 
 TEST(ClearTemplate, EmptiedSlotsAreNamedDashAndCapsStay) {
     DnaTemplate t;
-    EXPECT_EQ(FirstFreeCategory(t), -1); // empty names before the first clear
+    EXPECT_EQ(FirstFreeCategory(t), std::nullopt); // empty names before the first clear
     t = FilledWith(500);
     EvaluateTemplate(t);
-    ToggleExperiment(t, Mental);
+    ToggleExperiment(t, Category::Mental);
     const ValueArray caps = t.Caps;
-    ClearCategory(t, Prowess);
-    EXPECT_EQ(FirstFreeCategory(t), 1);
-    EXPECT_EQ(std::tuple(t.Slots[Prowess].Attributes, t.Current, t.Experimented[Mental]),
+    ClearCategory(t, Category::Prowess);
+    EXPECT_EQ(FirstFreeCategory(t), Category::Prowess);
+    EXPECT_EQ(std::tuple(t.Slots[Index(Category::Prowess)].Attributes, t.Current, t.Experimented[Index(Category::Mental)]),
               std::tuple(ValueArray{}, ValueArray{}, false));
-    t.Current[Power] = 400;
+    t.Current[Index(Attribute::Power)] = 400;
     ClearWholeTemplate(t);
-    EXPECT_EQ(t.Slots[Physique].Name + t.Slots[Aggressiveness].Name, "--");
-    EXPECT_EQ(std::tuple(t.Slots[Physique].Attributes, t.Current[Power], t.Caps), std::tuple(ValueArray{}, 400, caps));
+    EXPECT_EQ(t.Slots[Index(Category::Physique)].Name + t.Slots[Index(Category::Aggressiveness)].Name, "--");
+    EXPECT_EQ(std::tuple(t.Slots[Index(Category::Physique)].Attributes, t.Current[Index(Attribute::Power)], t.Caps), std::tuple(ValueArray{}, 400, caps));
 }
 
 TEST(EvaluateTemplate, FiveEqualSamplesExperimentedPairsAndPowerMinimum) {
     DnaTemplate t = FilledWith(500);
     TemplateEvaluation e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Hardiness], e.label42[Physique]}), (Texts{"325 [500]", "32/50%"}));
-    ToggleExperiment(t, Mental); // the pair takes its caps
-    EXPECT_EQ(t.Current[Intellect], 500);
-    t.Current[Intellect] = 595;
-    t.Current[Cleverness] = 605;
-    t.Caps[Intellect] = 700;
-    t.Caps[Cleverness] = 700;
+    EXPECT_EQ((Texts{e.label14[Index(Attribute::Hardiness)], e.label42[Index(Category::Physique)]}), (Texts{"325 [500]", "32/50%"}));
+    ToggleExperiment(t, Category::Mental); // the pair takes its caps
+    EXPECT_EQ(t.Current[Index(Attribute::Intellect)], 500);
+    t.Current[Index(Attribute::Intellect)] = 595;
+    t.Current[Index(Attribute::Cleverness)] = 605;
+    t.Caps[Index(Attribute::Intellect)] = 700;
+    t.Caps[Index(Attribute::Cleverness)] = 700;
     e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Hardiness], e.label42[Mental], e.label14[Cleverness]}),
+    EXPECT_EQ((Texts{e.label14[Index(Attribute::Hardiness)], e.label42[Index(Category::Mental)], e.label14[Index(Attribute::Cleverness)]}),
               (Texts{"325 [500]", "60/70%", "605 [700]"}));
     // Power 0 is raised to 113 after the percentages were taken.
     t = {};
     e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Power], e.label42[Aggressiveness]}), (Texts{"113\r\n [Min val]", "0/0%"}));
-    EXPECT_EQ(std::pair(t.Current[Power], t.Caps[Power]), std::pair(113, 0));
+    EXPECT_EQ((Texts{e.label14[Index(Attribute::Power)], e.label42[Index(Category::Aggressiveness)]}), (Texts{"113\r\n [Min val]", "0/0%"}));
+    EXPECT_EQ(std::pair(t.Current[Index(Attribute::Power)], t.Caps[Index(Attribute::Power)]), std::pair(113, 0));
 }
 
 TEST(TemplateTexts, StartValuesPercentsAndPowerMinimum) {

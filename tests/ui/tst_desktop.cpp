@@ -77,10 +77,10 @@ private slots:
         if (QFileInfo(folder).isWritable())
             QSKIP("the program's folder stays writable for this user (root)");
         auto form = MakeForm1();
-        form->Model().Settings()[quorvel::LFocus] = true;
+        form->Model().Settings()[quorvel::Setting::LFocus] = true;
         form->close();
         QVERIFY(ReadFileBytes(userFile).startsWith("LFocus\r\n"));
-        QVERIFY(MakeForm1()->Model().Settings()[quorvel::LFocus]);
+        QVERIFY(MakeForm1()->Model().Settings()[quorvel::Setting::LFocus]);
         QVERIFY(QFile::remove(userFile));
     }
 };

@@ -70,7 +70,7 @@ private slots:
 
     void theSwitchOutlivesTheWindowAndExitRestoresTheMainWindow() {
         auto form = MakeForm1();
-        form->Model().Settings()[quorvel::Min] = true;
+        form->Model().Settings()[quorvel::Setting::Min] = true;
         QWidget *form2 = OpenAddDna(form.get());
         QVERIFY(form->isMinimized());
         // ">>" widens the window and switches evaluation on: leaving a box refreshes the panel.

@@ -49,7 +49,7 @@ private slots:
         for (int c = 0; c < 5; ++c)
             SendToCategory(form.get(), 1, c);
         form->Model().Settings().ExpPoints = 5;
-        form->Model().Settings()[quorvel::Min] = true;
+        form->Model().Settings()[quorvel::Setting::Min] = true;
         ClickWidget(Button(form.get(), "Command7"));
         QWidget *window = TopLevel(QStringLiteral("Form5"));
         QVERIFY(window);
@@ -82,18 +82,18 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), Find<QWidget>(form.get(), QStringLiteral("ListView1")));
         QTRY_VERIFY(closing.isNull());
         QVERIFY(!form->isMinimized());
-        QCOMPARE(form->Model().Template().Current[quorvel::Intellect], 395);
+        QCOMPARE(form->Model().Template().Current[quorvel::Index(quorvel::Attribute::Intellect)], 395);
 
         // Clear Experiment returns the template to the evaluated values.
         ClickWidget(Button(form.get(), "Command6"));
-        QCOMPARE(form->Model().Template().Current[quorvel::Intellect], 325);
+        QCOMPARE(form->Model().Template().Current[quorvel::Index(quorvel::Attribute::Intellect)], 325);
     }
 
     void sampleSessionHasNoResetAndStaysOnTop() {
         auto form = MakeForm1();
         LoadSamples(form.get(), {kSample});
         ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 1);
-        form->Model().Settings()[quorvel::OnTop] = true;
+        form->Model().Settings()[quorvel::Setting::OnTop] = true;
         ClickWidget(Button(form.get(), "Command8"));
         QWidget *window = TopLevel(QStringLiteral("Form5"));
         QVERIFY(window);

@@ -35,7 +35,7 @@ private slots:
         QCOMPARE(Level(form.get()), QStringLiteral("0"));
 
         LoadSamples(form.get(), {QStringLiteral("300,300,300,300,300,300,300,300,300,300,Even,10,1,0,2")});
-        for (quorvel::SettingIndex equation : {quorvel::Old, quorvel::New1, quorvel::New2})
+        for (quorvel::Setting equation : {quorvel::Setting::Old, quorvel::Setting::New1, quorvel::Setting::New2})
             form->Model().Settings()[equation] = true;
         ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 1);
         QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Label3"))));
