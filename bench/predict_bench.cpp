@@ -21,7 +21,7 @@ DnaTemplate FullTemplate() {
         for (int a = 0; a < kAttributeCount; ++a)
             record.Attributes[a] = static_cast<int16_t>(300 + 37 * k + 53 * a);
         record.Quality = static_cast<float>(k % 7);
-        PutDnaInTemplate(t, k, record);
+        PutDnaInTemplate(t, static_cast<Category>(k), record);
     }
     return t;
 }
@@ -45,8 +45,8 @@ void Texts(benchmark::State &state) {
     for (auto _ : state) {
         const TemplateEvaluation evaluation = EvaluateTemplate(t);
         const PetPrediction prediction = PredictPetStats(t.Current, PredictionSource::Template, all);
-        benchmark::DoNotOptimize(evaluation.label14.data());
-        benchmark::DoNotOptimize(prediction.labels.data());
+        benchmark::DoNotOptimize(evaluation.Label14.data());
+        benchmark::DoNotOptimize(prediction.Labels.data());
     }
     state.SetItemsProcessed(state.iterations());
 }

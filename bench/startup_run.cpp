@@ -82,8 +82,8 @@ int main(int argc, char *argv[]) {
     if (!bench::WriteFile(samplesPath, bench::SampleDnaText(500)))
         return 1;
     quorvel::SettingsFileData reload;
-    reload.settings[quorvel::Setting::Load] = true;
-    reload.lastDnaFile = samplesPath;
+    reload.Settings[quorvel::Setting::Load] = true;
+    reload.LastDnaFile = samplesPath;
     const std::string reloadText = quorvel::WriteSettingsText(reload);
 
     std::vector<double> plain, loaded, bare, loadedRss, bareRss;

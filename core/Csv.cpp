@@ -56,23 +56,23 @@ CsvRead ReadCsvRecord(std::string_view text, std::size_t start) {
                 afterQuote = true;
             } else {
                 const std::size_t end = LineEndAt(text, i);
-                read.lineEnds += end > 0 ? 1 : 0;
+                read.LineEnds += end > 0 ? 1 : 0;
                 field.append(text.substr(i, end > 0 ? end : 1));
                 i += end > 1 ? end - 1 : 0;
             }
             continue;
         }
         if (const std::size_t end = LineEndAt(text, i); end > 0) {
-            read.lineEnds += 1;
+            read.LineEnds += 1;
             i += end;
             break;
         }
         if (c == ',') {
-            read.fields.push_back(std::move(field));
+            read.Fields.push_back(std::move(field));
             field.clear();
             afterQuote = false;
         } else if (afterQuote) {
-            read.wellFormed = false;
+            read.WellFormed = false;
             field += c;
         } else if (c == '"' && field.empty()) {
             quoted = true;
@@ -80,9 +80,9 @@ CsvRead ReadCsvRecord(std::string_view text, std::size_t start) {
             field += c;
         }
     }
-    read.fields.push_back(std::move(field));
+    read.Fields.push_back(std::move(field));
     read.end = i;
-    read.wellFormed = read.wellFormed && !quoted;
+    read.WellFormed = read.WellFormed && !quoted;
     return read;
 }
 

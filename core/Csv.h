@@ -12,10 +12,10 @@ namespace quorvel {
 std::string CsvRecord(const std::vector<std::string> &fields);
 
 struct CsvRead {
-    std::vector<std::string> fields;
+    std::vector<std::string> Fields;
     std::size_t end = 0;    // just after the record's line end (or the end of the text)
-    int lineEnds = 0;       // line ends consumed, those inside quoted fields included
-    bool wellFormed = true; // false: a quote left open, or a closing quote followed by other text
+    int LineEnds = 0;       // line ends consumed, those inside quoted fields included
+    bool WellFormed = true; // false: a quote left open, or a closing quote followed by other text
 };
 
 // Reads the record that starts at `start`. CR LF, a lone LF or a lone CR ends it outside quotes.

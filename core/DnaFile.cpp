@@ -53,8 +53,8 @@ std::variant<ParsedLine, LineError> ParseDnaLine(std::string_view line, int slot
         return LineError::TooFewFields;
 
     ParsedLine parsed;
-    DnaRecord &record = parsed.record;
-    RowCells &cells = parsed.cells;
+    DnaRecord &record = parsed.Record;
+    RowCells &cells = parsed.Cells;
     for (int i = 0; i < kAttributeCount; ++i) {
         const std::string_view field = fields[i];
         const auto value = ToInt16(ReadNumber(field));
@@ -118,9 +118,9 @@ LoadEnd LoadDnaStream(std::istream &in, DnaLibrary &library,
         if (parsed == nullptr)
             return LoadEnd::Stopped;
         const int slot = *library.AppendRecord();
-        library.Records[slot] = parsed->record;
+        library.Records[slot] = parsed->Record;
         if (onRow)
-            onRow(slot, parsed->cells);
+            onRow(slot, parsed->Cells);
     }
     // A stream that could not be opened or broke down never reaches its end.
     return in.eof() && !in.bad() ? LoadEnd::Complete : LoadEnd::Stopped;

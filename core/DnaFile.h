@@ -41,8 +41,8 @@ enum class LineError {
 };
 
 struct ParsedLine {
-    DnaRecord record;
-    RowCells cells; // the loader's own cells: fields as typed, padded to 5; level after three blanks
+    DnaRecord Record;
+    RowCells Cells; // the loader's own cells: fields as typed, padded to 5; level after three blanks
 };
 
 // Converts one line (without its line end, bytes as in the file) for the sample that

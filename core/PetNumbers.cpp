@@ -92,11 +92,11 @@ std::array<PetDifference, kPetColumnCount> ComparePets(const StoredPet &first, c
         const double difference = RoundHalfEven(*b[column] - *a[column], 2);
         const bool lowerIsBetter = column == static_cast<int>(PetColumn::Level);
         PetDifference &d = differences[column];
-        d.difference = difference == 0.0 ? 0.0 : difference;
+        d.Difference = difference == 0.0 ? 0.0 : difference;
         if (difference == 0.0)
-            d.verdict = Verdict::Same;
+            d.Verdict = Verdict::Same;
         else
-            d.verdict = (difference > 0.0) != lowerIsBetter ? Verdict::Better : Verdict::Worse;
+            d.Verdict = (difference > 0.0) != lowerIsBetter ? Verdict::Better : Verdict::Worse;
     }
     return differences;
 }

@@ -44,8 +44,8 @@ bool HasAllStatistics(const PetNumbers &numbers);
 enum class Verdict { Same, Better, Worse, Unknown };
 
 struct PetDifference {
-    std::optional<double> difference;   // second minus first, rounded to 2 decimals
-    Verdict verdict = Verdict::Unknown; // how the second pet compares with the first
+    std::optional<double> Difference;                     // second minus first, rounded to 2 decimals
+    quorvel::Verdict Verdict = quorvel::Verdict::Unknown; // how the second pet compares with the first
 };
 
 std::array<PetDifference, kPetColumnCount> ComparePets(const StoredPet &first, const StoredPet &second);

@@ -72,31 +72,31 @@ SettingsFileData ReadSettingsText(std::string_view text) {
         const std::string_view item = lines[next++];
         const auto key = std::find(std::begin(kKeys), std::end(kKeys), item);
         if (key != std::end(kKeys))
-            data.settings.Options[key - std::begin(kKeys)] = true;
+            data.Settings.Options[key - std::begin(kKeys)] = true;
 
         if (item == kKeys[Index(Setting::Load)]) {
             if (next < lines.size())
-                data.lastDnaFile = lines[next++];
+                data.LastDnaFile = lines[next++];
         } else if (item == kKeys[Index(Setting::Col)]) {
-            for (auto &width : data.columnWidths) {
+            for (auto &width : data.ColumnWidths) {
                 if (const auto value = readNumber())
                     width = value;
             }
         } else if (item == kKeys[Index(Setting::Size)]) {
-            for (auto &value : data.placement) {
+            for (auto &value : data.Placement) {
                 if (const auto number = readNumber())
                     value = number;
             }
         } else if (item == kExpKey) {
             if (const auto points = readNumber())
-                data.settings.ExpPoints = static_cast<int>(std::clamp(RoundHalfEven(*points), -32768.0, 32767.0));
+                data.Settings.ExpPoints = static_cast<int>(std::clamp(RoundHalfEven(*points), -32768.0, 32767.0));
         }
     }
     return data;
 }
 
 std::string WriteSettingsText(const SettingsFileData &data) {
-    const Settings &settings = data.settings;
+    const Settings &settings = data.Settings;
     std::string text;
     const auto key = [&](Setting index) {
         if (settings[index])
@@ -108,15 +108,15 @@ std::string WriteSettingsText(const SettingsFileData &data) {
     key(Setting::LFocus);
     key(Setting::Load);
     if (settings[Setting::Load])
-        text += data.lastDnaFile + kLineEnd;
+        text += data.LastDnaFile + kLineEnd;
     key(Setting::Col);
     if (settings[Setting::Col]) {
-        for (const auto &width : data.columnWidths)
+        for (const auto &width : data.ColumnWidths)
             text += WidthLine(width);
     }
     key(Setting::Size);
     if (settings[Setting::Size]) {
-        for (const auto &value : data.placement)
+        for (const auto &value : data.Placement)
             text += PlacementLine(value);
     }
     key(Setting::Old);

@@ -29,10 +29,10 @@ int ClampExpPoints(int points);
 // placement in twips. Widths and placement read from a file that ends inside their
 // group hold only the values read before the end.
 struct SettingsFileData {
-    Settings settings;
-    std::string lastDnaFile; // UTF-8
-    std::array<std::optional<double>, 16> columnWidths{};
-    std::array<std::optional<double>, 4> placement{}; // left, top, width, height
+    quorvel::Settings Settings;
+    std::string LastDnaFile; // UTF-8
+    std::array<std::optional<double>, 16> ColumnWidths{};
+    std::array<std::optional<double>, 4> Placement{}; // left, top, width, height
 };
 
 // Reads the file's text (each line whole, CR LF or LF ends a line). Unknown lines are

@@ -164,7 +164,7 @@ std::optional<StoredPet> ParsePet(const std::vector<std::string> &fields, std::s
 }
 
 bool IsEmptyRecord(const CsvRead &read) {
-    return read.fields.size() == 1 && read.fields[0].empty();
+    return read.Fields.size() == 1 && read.Fields[0].empty();
 }
 
 } // namespace
@@ -184,24 +184,24 @@ StoredPetsRead ReadStoredPets(std::string_view text) {
     bool first = true;
     while (position < text.size()) {
         const CsvRead read = ReadCsvRecord(text, position);
-        if (read.wellFormed && IsEmptyRecord(read)) {
+        if (read.WellFormed && IsEmptyRecord(read)) {
             position = read.end;
-            line += read.lineEnds;
+            line += read.LineEnds;
             continue;
         }
         // The header is only looked for in the first record; a file without one still reads.
-        const bool isHeader = first && read.fields == header;
+        const bool isHeader = first && read.Fields == header;
         first = false;
         const std::optional<StoredPet> pet =
-            read.wellFormed && !isHeader ? ParsePet(read.fields, header.size()) : std::nullopt;
+            read.WellFormed && !isHeader ? ParsePet(read.Fields, header.size()) : std::nullopt;
         if (pet)
-            result.pets.push_back(*pet);
+            result.Pets.push_back(*pet);
         if (pet || isHeader) {
             position = read.end;
-            line += read.lineEnds;
+            line += read.LineEnds;
             continue;
         }
-        result.badLines.push_back(line);
+        result.BadLines.push_back(line);
         position = NextLineStart(text, position);
         ++line;
     }

@@ -45,8 +45,8 @@ struct StoredPet {
 std::string WriteStoredPets(const std::vector<StoredPet> &pets);
 
 struct StoredPetsRead {
-    std::vector<StoredPet> pets;
-    std::vector<int> badLines; // 1-based line numbers of the records that were skipped
+    std::vector<StoredPet> Pets;
+    std::vector<int> BadLines; // 1-based line numbers of the records that were skipped
 };
 
 // Reads leniently: a record that is not a whole pet is skipped and its first line reported; a

@@ -14,8 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const auto *parsed = std::get_if<quorvel::ParsedLine>(&result);
     if (parsed == nullptr)
         return 0;
-    const quorvel::DnaRecord &record = parsed->record;
-    if (parsed->cells[0] != "7" || parsed->cells[1] != record.Name || record.Name.empty())
+    const quorvel::DnaRecord &record = parsed->Record;
+    if (parsed->Cells[0] != "7" || parsed->Cells[1] != record.Name || record.Name.empty())
         std::abort();
     // A stored sample always writes out and reads back as one line.
     const std::string written = quorvel::FormatDnaLine(record, false);

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const quorvel::SettingsFileData read = quorvel::ReadSettingsText(text);
     const std::string written = quorvel::WriteSettingsText(read);
     const quorvel::SettingsFileData again = quorvel::ReadSettingsText(written);
-    if (again.settings.Options != read.settings.Options || WriteSettingsText(again) != written)
+    if (again.Settings.Options != read.Settings.Options || WriteSettingsText(again) != written)
         std::abort();
     return 0;
 }

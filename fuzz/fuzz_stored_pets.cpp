@@ -10,8 +10,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const std::string_view text(reinterpret_cast<const char *>(data), size);
     const quorvel::StoredPetsRead read = quorvel::ReadStoredPets(text);
-    const quorvel::StoredPetsRead again = quorvel::ReadStoredPets(quorvel::WriteStoredPets(read.pets));
-    if (again.pets != read.pets || !again.badLines.empty())
+    const quorvel::StoredPetsRead again = quorvel::ReadStoredPets(quorvel::WriteStoredPets(read.Pets));
+    if (again.Pets != read.Pets || !again.BadLines.empty())
         std::abort();
     return 0;
 }

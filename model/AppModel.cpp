@@ -250,9 +250,9 @@ void AppModel::EvaluateTemplate() {
 
 StatTexts AppModel::PredictPet(const ValueArray &values, PredictionSource source) {
     const PetPrediction prediction = PredictPetStats(values, source, Equations());
-    if (prediction.level.anyRan)
-        lastCreatureLevel_ = prediction.level.lastCreatureLevel;
-    return prediction.labels;
+    if (prediction.Level.AnyRan)
+        lastCreatureLevel_ = prediction.Level.LastCreatureLevel;
+    return prediction.Labels;
 }
 
 void AppModel::OpenSession() {
@@ -279,9 +279,9 @@ StatTexts AppModel::PredictTemplatePet() {
 
 StatTexts AppModel::EvaluateTypedSample(const std::array<double, kAttributeCount> &typed) {
     const TypedEvaluation result = quorvel::EvaluateTypedSample(typed, Equations());
-    if (result.anyRan)
-        lastCreatureLevel_ = result.lastCreatureLevel;
-    return result.labels;
+    if (result.AnyRan)
+        lastCreatureLevel_ = result.LastCreatureLevel;
+    return result.Labels;
 }
 
 bool AppModel::ToggleLiveEvaluation() {
@@ -316,19 +316,19 @@ void AppModel::SaveOptions(const std::array<bool, kSettingCount> &options, int e
 }
 
 void AppModel::TakeSettingsFile(const SettingsFileData &data) {
-    settings_ = data.settings;
+    settings_ = data.Settings;
     // The points column of the experimentation window has twelve boxes.
     settings_.ExpPoints = std::clamp(settings_.ExpPoints, 0, 12);
     if (settings_[Setting::Load])
-        lastDnaFile_ = data.lastDnaFile;
+        lastDnaFile_ = data.LastDnaFile;
     Tell(&AppModelObserver::SettingsChanged);
 }
 
 SettingsFileData AppModel::SettingsFileContents() {
     SettingsFileData data;
-    data.settings.Options = settings_.Options;
-    data.settings.ExpPoints = ClampExpPoints();
-    data.lastDnaFile = lastDnaFile_;
+    data.Settings.Options = settings_.Options;
+    data.Settings.ExpPoints = ClampExpPoints();
+    data.LastDnaFile = lastDnaFile_;
     return data;
 }
 

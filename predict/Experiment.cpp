@@ -77,7 +77,8 @@ void RefreshExperimentView(ExperimentSession &s, DnaTemplate &t) {
     }
     for (int a = 0; a < static_cast<int>(Attribute::Power); ++a)
         s.ValueTexts[a] = ValueCapText(t.Current[a], t.Caps[a]);
-    s.ValueTexts[Index(Attribute::Power)] = PowerCapText(t.Current[Index(Attribute::Power)], t.Caps[Index(Attribute::Power)]);
+    s.ValueTexts[Index(Attribute::Power)] =
+        PowerCapText(t.Current[Index(Attribute::Power)], t.Caps[Index(Attribute::Power)]);
 }
 
 void PlacePoint(ExperimentSession &s, Category category, int b) {

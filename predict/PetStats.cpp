@@ -33,11 +33,11 @@ float LevelArmor(float level0) {
 void AddEquation(CreatureLevelNumbers &result, LevelEquation equation, double level) {
     const double p = LevelPolynomial(equation, level);
     const auto index = static_cast<std::size_t>(equation);
-    result.level0 = static_cast<float>(RoundHalfEven(p, 0));
-    result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
-    result.levels[index] = result.lastCreatureLevel;
-    result.ran[index] = true;
-    result.anyRan = true;
+    result.Level0 = static_cast<float>(RoundHalfEven(p, 0));
+    result.LastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
+    result.Levels[index] = result.LastCreatureLevel;
+    result.Ran[index] = true;
+    result.AnyRan = true;
 }
 
 } // namespace
@@ -126,17 +126,17 @@ CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, Prediction
 CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source, LevelEquations eq) {
     const CreatureLevelNumbers numbers = PredictCreatureLevelNumbers(v, source, eq);
     CreatureLevel result;
-    result.level0 = numbers.level0;
-    result.anyRan = numbers.anyRan;
-    result.lastCreatureLevel = numbers.lastCreatureLevel;
+    result.Level0 = numbers.Level0;
+    result.AnyRan = numbers.AnyRan;
+    result.LastCreatureLevel = numbers.LastCreatureLevel;
     // Old starts the text, New1 and New2 append to it.
-    result.text.reserve(32);
-    for (std::size_t i = 0; i < numbers.levels.size(); ++i) {
-        if (!numbers.ran[i])
+    result.Text.reserve(32);
+    for (std::size_t i = 0; i < numbers.Levels.size(); ++i) {
+        if (!numbers.Ran[i])
             continue;
         if (i > 0)
-            result.text += " / ";
-        AppendSingle(result.text, numbers.levels[i]);
+            result.Text += " / ";
+        AppendSingle(result.Text, numbers.Levels[i]);
     }
     return result;
 }
@@ -144,7 +144,7 @@ CreatureLevel PredictCreatureLevel(const ValueArray &v, PredictionSource source,
 PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq) {
     const auto at = [&v](Attribute a) { return static_cast<double>(v[Index(a)]); };
     PetPrediction result;
-    StatTexts &labels = result.labels;
+    StatTexts &labels = result.Labels;
 
     labels[Index(PetStat::Health)] = HealthText(at(Attribute::Hardiness), at(Attribute::Dexterity));
     labels[Index(PetStat::Regen)] = RegenText(at(Attribute::Dependability), at(Attribute::Endurance));
@@ -163,13 +163,13 @@ PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, Leve
     labels[Index(PetStat::CriticalHit)] = CriticalHitText(at(Attribute::Fierceness));
     labels[Index(PetStat::AggroBonus)] = AggroBonusText(at(Attribute::Courage));
 
-    result.level = PredictCreatureLevel(v, source, eq);
-    labels[Index(PetStat::Level)] = result.level.text;
+    result.Level = PredictCreatureLevel(v, source, eq);
+    labels[Index(PetStat::Level)] = result.Level.Text;
     const int64_t armor = 6 * static_cast<int64_t>(v[Index(Attribute::Fortitude)]);
     std::string &armorText = labels[Index(PetStat::Armor)];
     AppendWhole(armorText, armor);
     armorText += " [";
-    AppendSingle(armorText, LevelArmor(result.level.level0));
+    AppendSingle(armorText, LevelArmor(result.Level.Level0));
     armorText += ']';
     return result;
 }

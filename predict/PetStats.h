@@ -18,19 +18,19 @@ struct LevelEquations {
 };
 
 struct CreatureLevel {
-    std::string text;    // "10.63 / 11.7 / 10.04"; empty when no equation runs
-    float level0 = 0.0f; // the last equation's level rounded to a whole number; 0 when none ran
-    bool anyRan = false; // when true, lastCreatureLevel is the new LastCreatureLevel
-    float lastCreatureLevel = 0.0f;
+    std::string Text;    // "10.63 / 11.7 / 10.04"; empty when no equation runs
+    float Level0 = 0.0f; // the last equation's level rounded to a whole number; 0 when none ran
+    bool AnyRan = false; // when true, LastCreatureLevel is the program's new last level
+    float LastCreatureLevel = 0.0f;
 };
 
 // The numbers of the creature level, before any text.
 struct CreatureLevelNumbers {
-    std::array<float, 3> levels{}; // each equation's 2-decimal level, Old, New1, New2
-    std::array<bool, 3> ran{};
-    float level0 = 0.0f;
-    bool anyRan = false;
-    float lastCreatureLevel = 0.0f;
+    std::array<float, 3> Levels{}; // each equation's 2-decimal level, Old, New1, New2
+    std::array<bool, 3> Ran{};
+    float Level0 = 0.0f;
+    bool AnyRan = false;
+    float LastCreatureLevel = 0.0f;
 };
 
 CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq);
@@ -56,8 +56,8 @@ template <typename T> T LevelSum(const std::array<T, 10> &v, T intellectWeight) 
 }
 
 struct PetPrediction {
-    StatTexts labels;
-    CreatureLevel level;
+    StatTexts Labels;
+    CreatureLevel Level;
 };
 
 PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq);

@@ -58,14 +58,14 @@ PetSamplesInLibrary FindPetSamples(const StoredPet &pet, const DnaLibrary &libra
         const PetSample &sample = pet.Samples[c];
         if (!HasSample(sample))
             continue;
-        for (int slot = 1; slot <= library.Count && !found.slots[c]; ++slot) {
+        for (int slot = 1; slot <= library.Count && !found.Slots[c]; ++slot) {
             const DnaRecord &record = library.Records[slot];
             if (record.Name == sample.Name &&
                 std::equal(record.Attributes.begin(), record.Attributes.end(), sample.Attributes.begin()))
-                found.slots[c] = slot;
+                found.Slots[c] = slot;
         }
-        if (!found.slots[c])
-            found.missing.push_back(c);
+        if (!found.Slots[c])
+            found.Missing.push_back(c);
     }
     return found;
 }

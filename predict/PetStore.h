@@ -27,8 +27,8 @@ std::string DefaultPetName(const StoredPet &pet);
 // same name and the same ten attributes (the first such slot). Categories the pet had empty
 // ("" or "-") find nothing and miss nothing.
 struct PetSamplesInLibrary {
-    std::array<std::optional<int>, kPetSamples> slots{};
-    std::vector<int> missing; // categories, Physique = 0
+    std::array<std::optional<int>, kPetSamples> Slots{};
+    std::vector<int> Missing; // categories, Physique = 0
 };
 
 PetSamplesInLibrary FindPetSamples(const StoredPet &pet, const DnaLibrary &library);

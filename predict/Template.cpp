@@ -91,13 +91,13 @@ CategoryView PutDnaInTemplate(DnaTemplate &t, Category which, const DnaRecord &r
         slot.Attributes[a] = record.Attributes[a];
     slot.Quality = record.Quality;
 
-    view.lines[0] = slot.Name;
+    view.Lines[0] = slot.Name;
     for (int p = 0; p < kCategoryCount; ++p) {
         const Value first = slot.Attributes[2 * p];
         const Value second = slot.Attributes[2 * p + 1];
         const double weight = CategoryWeights[category][p];
-        view.contributions[p] = FormatDouble(std::floor(weight * second + weight * first));
-        std::string &line = view.lines[p + 1];
+        view.Contributions[p] = FormatDouble(std::floor(weight * second + weight * first));
+        std::string &line = view.Lines[p + 1];
         line.reserve(32);
         line += kShortLabels[2 * p];
         AppendWhole(line, first);
@@ -105,7 +105,7 @@ CategoryView PutDnaInTemplate(DnaTemplate &t, Category which, const DnaRecord &r
         line += kShortLabels[2 * p + 1];
         AppendWhole(line, second);
     }
-    view.selectedLine = category + 1;
+    view.SelectedLine = category + 1;
     return view;
 }
 
@@ -154,14 +154,14 @@ TemplateNumbers EvaluateTemplateNumbers(DnaTemplate &t) {
     }
     // The percentages see Power before the minimum raises it.
     for (int i = 0; i < kCategoryCount; ++i) {
-        numbers.currentPercents[i] = PairPercent(t.Current[2 * i], t.Current[2 * i + 1]);
-        numbers.capPercents[i] = PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1]);
+        numbers.CurrentPercents[i] = PairPercent(t.Current[2 * i], t.Current[2 * i + 1]);
+        numbers.CapPercents[i] = PairPercent(t.Caps[2 * i], t.Caps[2 * i + 1]);
     }
     if (t.Current[Index(Attribute::Power)] < 113) {
         t.Current[Index(Attribute::Power)] = 113;
-        numbers.powerRaised = true;
+        numbers.PowerRaised = true;
     }
-    numbers.qualityKnown = EvaluateQuality(t);
+    numbers.QualityKnown = EvaluateQuality(t);
     return numbers;
 }
 
@@ -169,12 +169,12 @@ TemplateEvaluation EvaluateTemplate(DnaTemplate &t) {
     const TemplateNumbers numbers = EvaluateTemplateNumbers(t);
     TemplateEvaluation result;
     for (int i = 0; i < kCategoryCount; ++i)
-        PutNumberPair(result.label42[i], numbers.currentPercents[i], "/", numbers.capPercents[i], '%');
+        PutNumberPair(result.Label42[i], numbers.CurrentPercents[i], "/", numbers.CapPercents[i], '%');
     for (int a = 0; a < kAttributeCount; ++a)
-        PutNumberPair(result.label14[a], t.Current[a], " [", t.Caps[a], ']');
-    if (numbers.powerRaised)
-        result.label14[Index(Attribute::Power)] = kPowerMinimumText;
-    result.qualityText = numbers.qualityKnown ? QualityName(t.CurrentQuality).value_or("") : kQualityWarning;
+        PutNumberPair(result.Label14[a], t.Current[a], " [", t.Caps[a], ']');
+    if (numbers.PowerRaised)
+        result.Label14[Index(Attribute::Power)] = kPowerMinimumText;
+    result.QualityText = numbers.QualityKnown ? QualityName(t.CurrentQuality).value_or("") : kQualityWarning;
     return result;
 }
 

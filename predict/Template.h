@@ -29,9 +29,9 @@ struct DnaTemplate {
 
 // What a category box shows once a sample is in it.
 struct CategoryView {
-    std::array<std::string, 6> lines;         // name, "Hrd:512  |  Frt:340", ...
-    std::array<std::string, 5> contributions; // pair 0..4
-    int selectedLine = 0;                     // category + 1
+    std::array<std::string, 6> Lines;         // name, "Hrd:512  |  Frt:340", ...
+    std::array<std::string, 5> Contributions; // pair 0..4
+    int SelectedLine = 0;                     // category + 1
 };
 
 // Copies name, attributes and quality into slot `category` and clears every Experimented flag.
@@ -52,17 +52,17 @@ std::optional<Category> FirstFreeCategory(const DnaTemplate &t);
 
 // The Label14 index 0..9 and Label42 texts after an evaluation.
 struct TemplateEvaluation {
-    std::array<std::string, 5> label42;  // "60/70%"
-    std::array<std::string, 10> label14; // "595 [700]"; Power below 113: "113\r\n [Min val]"
-    std::string qualityText;             // Label14(10)
+    std::array<std::string, 5> Label42;  // "60/70%"
+    std::array<std::string, 10> Label14; // "595 [700]"; Power below 113: "113\r\n [Min val]"
+    std::string QualityText;             // Label14(10)
 };
 
 // The numbers of an evaluation, before any text.
 struct TemplateNumbers {
-    std::array<int, 5> currentPercents{}; // per pair, Power as it was before the minimum
-    std::array<int, 5> capPercents{};
-    bool powerRaised = false;  // Current Power was below 113 and now is 113
-    bool qualityKnown = false; // every slot's quality is a table index and the mean is at most 6
+    std::array<int, 5> CurrentPercents{}; // per pair, Power as it was before the minimum
+    std::array<int, 5> CapPercents{};
+    bool PowerRaised = false;  // Current Power was below 113 and now is 113
+    bool QualityKnown = false; // every slot's quality is a table index and the mean is at most 6
 };
 
 // Recomputes Caps and Current of the categories not experimented, raises Power to 113,

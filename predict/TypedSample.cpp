@@ -36,7 +36,7 @@ std::string LevelArmorBracket(std::optional<int16_t> wholeLevel) {
 
 TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
     TypedEvaluation result;
-    StatTexts &labels = result.labels;
+    StatTexts &labels = result.Labels;
     labels[Index(PetStat::Health)] = HealthText(v[0], v[2]);
     labels[Index(PetStat::Regen)] = RegenText(v[6], v[3]);
     labels[Index(PetStat::StateResist)] = StateResistText(v[4], v[0]);
@@ -52,14 +52,14 @@ TypedEvaluation EvaluateTypedSample(const Typed &v, LevelEquations eq) {
     const auto run = [&](LevelEquation equation, double sum) {
         const double p = LevelPolynomial(equation, sum / 100);
         wholeLevel = ToInt16(p);
-        result.lastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
-        result.anyRan = true;
+        result.LastCreatureLevel = static_cast<float>(RoundHalfEven(p, 2));
+        result.AnyRan = true;
         // Old starts the text; New1 and New2 go on a line of their own.
         if (equation == LevelEquation::Old)
             text.clear();
         else
             text += "\r\n";
-        AppendSingle(text, result.lastCreatureLevel);
+        AppendSingle(text, result.LastCreatureLevel);
     };
     if (eq.Old)
         run(LevelEquation::Old, WeightedSum(v, 1, 30));

@@ -8,9 +8,9 @@
 namespace quorvel {
 
 struct TypedEvaluation {
-    StatTexts labels;    // Label23 0..10 of the Add DNA window
-    bool anyRan = false; // when true, lastCreatureLevel is the new LastCreatureLevel
-    float lastCreatureLevel = 0.0f;
+    StatTexts Labels;    // Label23 0..10 of the Add DNA window
+    bool AnyRan = false; // when true, LastCreatureLevel is the program's new last level
+    float LastCreatureLevel = 0.0f;
 };
 
 // The Add DNA window's live prediction from the typed values as doubles (unrounded L,

@@ -78,11 +78,11 @@ void Form1::ReadSettingsFile() {
         editor_->Command3->setEnabled(false);
     }
     for (int c = 0; c < kListColumns; ++c) {
-        if (const auto &width = data.columnWidths[static_cast<std::size_t>(c)])
+        if (const auto &width = data.ColumnWidths[static_cast<std::size_t>(c)])
             list_->SetColumnWidthTwips(c, std::clamp(*width, 0.0, kFarTwips));
     }
 
-    placementTwips_ = data.placement;
+    placementTwips_ = data.Placement;
     std::array<int, 4> px = PlacementPx(*this);
     for (std::size_t i = 0; i < px.size(); ++i) {
         if (placementTwips_[i])
@@ -95,12 +95,12 @@ void Form1::ReadSettingsFile() {
 void Form1::WriteSettingsFile() {
     SettingsFileData data = model_.SettingsFileContents();
     for (int c = 0; c < kListColumns; ++c)
-        data.columnWidths[static_cast<std::size_t>(c)] = list_->ColumnWidthTwips(c);
+        data.ColumnWidths[static_cast<std::size_t>(c)] = list_->ColumnWidthTwips(c);
     // A place or size that has not moved since it was read is written as it was read.
     const std::array<int, 4> px = PlacementPx(*this);
     for (std::size_t i = 0; i < px.size(); ++i) {
         const auto &read = placementTwips_[i];
-        data.placement[i] = read && ShownPx(*read) == px[i] ? *read : PxToTwips(px[i]);
+        data.Placement[i] = read && ShownPx(*read) == px[i] ? *read : PxToTwips(px[i]);
     }
 
     // A file that cannot be written is skipped without a message; the old one stays whole.

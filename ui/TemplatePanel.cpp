@@ -253,10 +253,10 @@ void TemplatePanel::ShowCategory(quorvel::Category category, const quorvel::Cate
     ResetExperimentButtons();
     for (int pair = 0; pair < 5; ++pair)
         ContributionLabel(static_cast<int>(category), pair)
-            ->setText(ToQt(view.contributions[static_cast<std::size_t>(pair)]));
-    for (const std::string &line : view.lines)
+            ->setText(ToQt(view.Contributions[static_cast<std::size_t>(pair)]));
+    for (const std::string &line : view.Lines)
         list->addItem(ToQt(line));
-    list->setCurrentRow(view.selectedLine);
+    list->setCurrentRow(view.SelectedLine);
     list->scrollToItem(list->currentItem(), QAbstractItemView::PositionAtTop);
 
     // The list shows one pair at a time; the tooltip shows the whole sample.
@@ -286,9 +286,9 @@ void TemplatePanel::ShowExperimented(quorvel::Category category, bool experiment
 
 void TemplatePanel::ShowEvaluation(const quorvel::TemplateEvaluation &shown) {
     for (std::size_t i = 0; i < Label42.size(); ++i)
-        Label42[i]->setText(ShownNumber(shown.label42[i]));
-    for (std::size_t a = 0; a < shown.label14.size(); ++a)
-        Label14[a]->setText(ShownNumber(shown.label14[a]));
-    Label14[10]->setText(ToQt(shown.qualityText));
+        Label42[i]->setText(ShownNumber(shown.Label42[i]));
+    for (std::size_t a = 0; a < shown.Label14.size(); ++a)
+        Label14[a]->setText(ShownNumber(shown.Label14[a]));
+    Label14[10]->setText(ToQt(shown.QualityText));
     SetExperimentButtonsEnabled(TemplateComplete());
 }

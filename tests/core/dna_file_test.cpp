@@ -37,18 +37,18 @@ ParsedLine Parse(const std::string &line, int slot = 1) {
 
 TEST(ParseDnaLine, FieldsAreRoundedButLoaderCellsShowThemAsTypedAndBadFieldsAreFound) {
     const auto full = Parse(kAttributes + ",Kusak Alpha,18,7,1,3,extra", 17);
-    EXPECT_EQ(FormatDnaLine(full.record, false), kAttributes + ",Kusak Alpha,18,7,1,3\r\n");
-    EXPECT_EQ((Texts{full.cells[0], full.cells[1], full.cells[6], full.cells[12], full.cells[13]}),
+    EXPECT_EQ(FormatDnaLine(full.Record, false), kAttributes + ",Kusak Alpha,18,7,1,3\r\n");
+    EXPECT_EQ((Texts{full.Cells[0], full.Cells[1], full.Cells[6], full.Cells[12], full.Cells[13]}),
               (Texts{"17", "Kusak Alpha", "   95", "   18", "Naboo"}));
     const auto typed = Parse("12.7,2.5,3.5,1 2,abc,0,0,0,0,0, N \xE9 ,4.5,2.5,0.5,6.5");
-    EXPECT_EQ(FormatDnaLine(typed.record, false), "13,2,4,12,0,0,0,0,0,0, N \xE9 ,4,2,0,6.5\r\n");
-    EXPECT_EQ((Texts{typed.cells[2], typed.cells[5], typed.cells[15]}), (Texts{" 12.7", "  1 2", "Unknown"}));
+    EXPECT_EQ(FormatDnaLine(typed.Record, false), "13,2,4,12,0,0,0,0,0,0, N \xE9 ,4,2,0,6.5\r\n");
+    EXPECT_EQ((Texts{typed.Cells[2], typed.Cells[5], typed.Cells[15]}), (Texts{" 12.7", "  1 2", "Unknown"}));
     // Eleven fields with an empty name: the slot number stands in for it. Quality 7 has no name.
     const auto shortest = Parse("1,2,3,4,5,6,7,8,9,10,", 42);
-    EXPECT_EQ(FormatDnaLine(shortest.record, false), "1,2,3,4,5,6,7,8,9,10,42,0,0,0,0\r\n");
-    EXPECT_EQ((Texts{shortest.cells[12], Parse(kAttributes + ",n,0,0,0,7").cells[15]}), (Texts{"   0", ""}));
+    EXPECT_EQ(FormatDnaLine(shortest.Record, false), "1,2,3,4,5,6,7,8,9,10,42,0,0,0,0\r\n");
+    EXPECT_EQ((Texts{shortest.Cells[12], Parse(kAttributes + ",n,0,0,0,7").Cells[15]}), (Texts{"   0", ""}));
     // A comma in a name shifts the later fields.
-    EXPECT_EQ(FormatDnaLine(Parse(kAttributes + ",Kusak, Alpha,5,1,0").record, false),
+    EXPECT_EQ(FormatDnaLine(Parse(kAttributes + ",Kusak, Alpha,5,1,0").Record, false),
               kAttributes + ",Kusak,0,5,1,0\r\n");
     EXPECT_EQ(std::get<LineError>(ParseDnaLine(kAttributes, 1)), LineError::TooFewFields);
     // An attribute of six characters; 16 bits; planet, origin and quality (7.5 rounds to 8) outside their tables.

@@ -53,13 +53,13 @@ TEST(StoredPetsFile, RoundTripQuotesEmptyCategoriesAndSampleCaps) {
                                           "512 340 1 2 3 4 5 6 7 -8,-,0 0 0 0 0 0 0 0 0 0,\"Rancor\nA\","));
     EXPECT_TRUE(Line(pets[1]).ends_with(",50,,,,,,,,,,,00000,515,7,360 [0],25,20,7.92%,1.04%,0.88%,3%,-4 - 90,\r\n"));
     const StoredPetsRead read = ReadStoredPets(text);
-    EXPECT_EQ(read.pets, pets);
-    EXPECT_TRUE(read.badLines.empty());
+    EXPECT_EQ(read.Pets, pets);
+    EXPECT_TRUE(read.BadLines.empty());
     // A lone LF, a byte order mark, blank lines and no header at all read the same.
     std::string lf = "\xEF\xBB\xBF\n" + Line(pets[0]) + "\r\n\n" + Line(pets[1]);
     std::erase(lf, '\r');
-    EXPECT_EQ(ReadStoredPets(lf).pets, pets);
-    EXPECT_TRUE(ReadStoredPets(lf).badLines.empty());
+    EXPECT_EQ(ReadStoredPets(lf).Pets, pets);
+    EXPECT_TRUE(ReadStoredPets(lf).BadLines.empty());
 }
 
 TEST(StoredPetsFile, BadLinesAreSkippedAndNumberedTheRestKept) {
@@ -84,8 +84,8 @@ TEST(StoredPetsFile, BadLinesAreSkippedAndNumberedTheRestKept) {
                              "Name,Source\r\n" +                      // 13: a second header is no pet
                              withoutEnd;                              // 14, no line end at the end
     const StoredPetsRead read = ReadStoredPets(text);
-    EXPECT_EQ(read.badLines, (std::vector<int>{3, 4, 5, 7, 8, 9, 10, 12, 13}));
-    EXPECT_EQ(read.pets, std::vector<StoredPet>(4, good));
+    EXPECT_EQ(read.BadLines, (std::vector<int>{3, 4, 5, 7, 8, 9, 10, 12, 13}));
+    EXPECT_EQ(read.Pets, std::vector<StoredPet>(4, good));
 
     // A bad record over two lines (a line feed in a quoted name) is reported by both lines; line
     // numbers go on counting the line feeds inside quotes.
@@ -93,12 +93,12 @@ TEST(StoredPetsFile, BadLinesAreSkippedAndNumberedTheRestKept) {
     std::string badTwoLines = twoLines;
     badTwoLines.replace(badTwoLines.find(",500,"), 5, ",,");
     const StoredPetsRead multi = ReadStoredPets(WriteStoredPets({}) + badTwoLines + twoLines + "x\r\n");
-    EXPECT_EQ(multi.badLines, (std::vector<int>{2, 3, 6}));
-    EXPECT_EQ(multi.pets, std::vector<StoredPet>{TemplatePet()});
+    EXPECT_EQ(multi.BadLines, (std::vector<int>{2, 3, 6}));
+    EXPECT_EQ(multi.Pets, std::vector<StoredPet>{TemplatePet()});
 
     for (const std::string &empty : {std::string(), WriteStoredPets({}), std::string("\r\n\r\n")}) {
-        EXPECT_TRUE(ReadStoredPets(empty).pets.empty());
-        EXPECT_TRUE(ReadStoredPets(empty).badLines.empty());
+        EXPECT_TRUE(ReadStoredPets(empty).Pets.empty());
+        EXPECT_TRUE(ReadStoredPets(empty).BadLines.empty());
     }
 }
 
@@ -119,18 +119,18 @@ TEST(ComparePets, DifferencesAreSecondMinusFirstAndALowerLevelIsBetter) {
                     "4%",   "3.99%",    "12.5%",       "-2 - 363", " / 47.1"};
     const auto d = ComparePets(first, second);
     const auto at = [&](PetColumn c) { return d[static_cast<int>(c)]; };
-    EXPECT_EQ(at(PetColumn::Health).difference, -20.0);
-    EXPECT_EQ(at(PetColumn::Health).verdict, Verdict::Worse);
-    EXPECT_EQ(at(PetColumn::Regen).verdict, Verdict::Same); // the tenths are not compared
-    EXPECT_EQ(at(PetColumn::Armor).verdict, Verdict::Better);
-    EXPECT_EQ(at(PetColumn::StateResist).difference, 0.1); // not 0.10000000000000142
-    EXPECT_EQ(at(PetColumn::CriticalSave).difference, -0.01);
-    EXPECT_EQ(at(PetColumn::DamageLow).difference, -90.0);
-    EXPECT_EQ(at(PetColumn::DamageHigh).difference, 1.0);
-    EXPECT_EQ(at(PetColumn::Level).difference, -0.03);
-    EXPECT_EQ(at(PetColumn::Level).verdict, Verdict::Better);
+    EXPECT_EQ(at(PetColumn::Health).Difference, -20.0);
+    EXPECT_EQ(at(PetColumn::Health).Verdict, Verdict::Worse);
+    EXPECT_EQ(at(PetColumn::Regen).Verdict, Verdict::Same); // the tenths are not compared
+    EXPECT_EQ(at(PetColumn::Armor).Verdict, Verdict::Better);
+    EXPECT_EQ(at(PetColumn::StateResist).Difference, 0.1); // not 0.10000000000000142
+    EXPECT_EQ(at(PetColumn::CriticalSave).Difference, -0.01);
+    EXPECT_EQ(at(PetColumn::DamageLow).Difference, -90.0);
+    EXPECT_EQ(at(PetColumn::DamageHigh).Difference, 1.0);
+    EXPECT_EQ(at(PetColumn::Level).Difference, -0.03);
+    EXPECT_EQ(at(PetColumn::Level).Verdict, Verdict::Better);
     // No level on one side: nothing to compare.
     second.Shown[static_cast<int>(PetStat::Level)].clear();
-    EXPECT_FALSE(ComparePets(first, second)[static_cast<int>(PetColumn::Level)].difference);
-    EXPECT_EQ(ComparePets(second, first)[static_cast<int>(PetColumn::Level)].verdict, Verdict::Unknown);
+    EXPECT_FALSE(ComparePets(first, second)[static_cast<int>(PetColumn::Level)].Difference);
+    EXPECT_EQ(ComparePets(second, first)[static_cast<int>(PetColumn::Level)].Verdict, Verdict::Unknown);
 }

@@ -41,7 +41,8 @@ TEST(ExperimentOpening, CapPercentHidesBoxesUntilANewWindowAndPointsAreClamped) 
     t.Caps[Index(Attribute::Hardiness)] = 450;
     t.Caps[Index(Attribute::Fortitude)] = 460;
     ExperimentSession s = Opened(t, 20);
-    EXPECT_EQ((Texts{s.CapPercentText[Index(Category::Physique)], s.CapPercentText[Index(Category::Prowess)]}), (Texts{"45%", "100%"}));
+    EXPECT_EQ((Texts{s.CapPercentText[Index(Category::Physique)], s.CapPercentText[Index(Category::Prowess)]}),
+              (Texts{"45%", "100%"}));
     EXPECT_EQ(s.Visible[Index(Category::Physique)], (std::array<bool, 10>{1, 1, 1, 1, 1, 0, 0, 0, 0, 0}));
     EXPECT_EQ(s.RemainingPoints, 12);
     t.Caps.fill(1000);
@@ -57,13 +58,15 @@ TEST(ExperimentView, RowsFollowCurrentPercentAndStartValuesAboveCapsFillThem) {
     t.Current[Index(Attribute::Hardiness)] = t.Caps[Index(Attribute::Hardiness)] = 300;
     t.Current[Index(Attribute::Fortitude)] = t.Caps[Index(Attribute::Fortitude)] = 320;
     ExperimentSession s = Opened(t, 3);
-    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Physique)], s.CapPercentText[Index(Category::Physique)]}), (Texts{"31%", "31%"}));
+    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Physique)], s.CapPercentText[Index(Category::Physique)]}),
+              (Texts{"31%", "31%"}));
     // 50% of 100% fills five boxes; at the cap percentage the box holding it is yellow too.
     EXPECT_EQ(s.Rows[Index(Category::Prowess)], (Row{Y, Y, Y, Y, Y, W, W, W, W, W}));
     EXPECT_EQ(s.Rows[Index(Category::Physique)], (Row{Y, Y, Y, Y, W, W, W, W, W, W}));
     t = With(1000, 0);
     ResetSession(s, t, 4);
-    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Physique)], s.ValueTexts[Index(Attribute::Hardiness)]}), (Texts{"115%", "1150 [1000]"}));
+    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Physique)], s.ValueTexts[Index(Attribute::Hardiness)]}),
+              (Texts{"115%", "1150 [1000]"}));
     EXPECT_EQ(s.Rows[Index(Category::Physique)], (Row{Y, Y, Y, Y, Y, Y, Y, Y, Y, Y}));
     PlacePoint(s, Category::Physique, 9); // yellow: nothing
     EXPECT_EQ(s.RemainingPoints, 4);
@@ -78,7 +81,8 @@ TEST(PlacePoint, PlaceGiveBackLastPointAndRun) {
     PlacePoint(s, Category::Prowess, 5); // white while a point is placed: nothing
     EXPECT_EQ(std::pair(s.PendingCategory, s.Rows[Index(Category::Prowess)][3]), std::pair(Category::Mental, W));
     PlacePoint(s, Category::Mental, 3); // the green box gives the point back
-    EXPECT_EQ(std::tuple(s.PointPending, s.RemainingPoints, s.Rows[Index(Category::Mental)][3]), std::tuple(false, 5, W));
+    EXPECT_EQ(std::tuple(s.PointPending, s.RemainingPoints, s.Rows[Index(Category::Mental)][3]),
+              std::tuple(false, 5, W));
     RunExperiment(s, t); // no point placed: nothing
     EXPECT_EQ(t.Current[Index(Attribute::Intellect)], 300);
     s = Opened(t, 1);
@@ -86,7 +90,8 @@ TEST(PlacePoint, PlaceGiveBackLastPointAndRun) {
     PlacePoint(s, Category::Psychology, 3); // the last point, placed, stays placed
     EXPECT_EQ(std::pair(s.RemainingPoints, s.Rows[Index(Category::Psychology)][3]), std::pair(0, G));
     RunExperiment(s, t);
-    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Psychology)], s.ValueTexts[Index(Attribute::Dependability)]}), (Texts{"37%", "370 [1000]"}));
+    EXPECT_EQ((Texts{s.CurrentPercentText[Index(Category::Psychology)], s.ValueTexts[Index(Attribute::Dependability)]}),
+              (Texts{"37%", "370 [1000]"}));
 }
 
 TEST(RunExperiment, SplitsOneHundredFortyByShares) {
@@ -105,7 +110,9 @@ TEST(RunExperiment, SplitsOneHundredFortyByShares) {
         s.PointPending = true;
         s.PendingCategory = Category::Mental;
         RunExperiment(s, t);
-        EXPECT_EQ(std::pair(t.Current[Index(Attribute::Intellect)], t.Current[Index(Attribute::Cleverness)]), std::pair(wantX, wantY)) << x;
+        EXPECT_EQ(std::pair(t.Current[Index(Attribute::Intellect)], t.Current[Index(Attribute::Cleverness)]),
+                  std::pair(wantX, wantY))
+            << x;
         EXPECT_FALSE(s.PointPending);
     }
 }

@@ -30,11 +30,12 @@ TEST(PetStore, FromTemplateKeepsSlotsValuesCapsFlagsAndTheShownTexts) {
     PutDnaInTemplate(t, Category::Physique, Sample("Rancor", 500));
     EvaluateTemplate(t);
     ToggleExperiment(t, Category::Mental);
-    StatTexts shown = PredictPetStats(t.Current, PredictionSource::Template, kAll).labels;
+    StatTexts shown = PredictPetStats(t.Current, PredictionSource::Template, kAll).Labels;
     shown[Index(PetStat::Level)] = "40"; // a skin's minimum shown instead of the prediction
     const StoredPet pet = StoredPetFromTemplate(t, shown, "2024-05-01T18:30:00");
     EXPECT_EQ(pet.Source, PetSource::Template);
-    EXPECT_EQ((Texts{pet.Samples[Index(Category::Physique)].Name, pet.Samples[Index(Category::Prowess)].Name, pet.Samples[Index(Category::Mental)].Name}),
+    EXPECT_EQ((Texts{pet.Samples[Index(Category::Physique)].Name, pet.Samples[Index(Category::Prowess)].Name,
+                     pet.Samples[Index(Category::Mental)].Name}),
               (Texts{"Rancor", "Kaadu", "-"}));
     EXPECT_EQ(pet.Samples[Index(Category::Prowess)].Attributes[Index(Attribute::Power)], 401);
     EXPECT_EQ(pet.Values, t.Current);
@@ -44,7 +45,7 @@ TEST(PetStore, FromTemplateKeepsSlotsValuesCapsFlagsAndTheShownTexts) {
     EXPECT_EQ(pet.Name, "Rancor level 40");
     EXPECT_EQ(pet.Date, "2024-05-01T18:30:00");
     // The pet survives the file.
-    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).pets, std::vector<StoredPet>{pet});
+    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).Pets, std::vector<StoredPet>{pet});
 }
 
 TEST(PetStore, FromSampleAndDefaultNames) {
@@ -52,13 +53,13 @@ TEST(PetStore, FromSampleAndDefaultNames) {
     sample.Attributes.fill(500);
     const auto prediction =
         PredictPetStats(ValueArray{500, 500, 500, 500, 500, 500, 500, 500, 500, 500}, PredictionSource::Sample, kAll);
-    const StoredPet pet = StoredPetFromSample(sample, prediction.labels, "2024-05-02");
+    const StoredPet pet = StoredPetFromSample(sample, prediction.Labels, "2024-05-02");
     EXPECT_EQ(pet.Source, PetSource::Sample);
     EXPECT_EQ((Texts{pet.Samples[0].Name, pet.Samples[1].Name}), (Texts{"Gurk", ""}));
     EXPECT_EQ(pet.Values, pet.Samples[0].Attributes);
     EXPECT_EQ(pet.Caps, PetValues{});
     EXPECT_EQ(pet.Name, "Gurk level 47.13"); // the last equation's figure of "49.78 / 50.2 / 47.13"
-    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).pets, std::vector<StoredPet>{pet});
+    EXPECT_EQ(ReadStoredPets(WriteStoredPets({pet})).Pets, std::vector<StoredPet>{pet});
 
     // No equation on: the name alone; no sample anywhere: "Pet".
     StoredPet empty = pet;
@@ -82,12 +83,13 @@ TEST(PetStore, SamplesAreFoundByNameAndAttributes) {
     PutDnaInTemplate(t, Category::Aggressiveness, Sample("Gone", 300));
     const StoredPet pet = StoredPetFromTemplate(t, {}, "");
     const PetSamplesInLibrary found = FindPetSamples(pet, library);
-    EXPECT_EQ(found.slots, (std::array<std::optional<int>, 5>{1, 3, {}, {}, {}}));
-    EXPECT_EQ(found.missing, std::vector<int>{static_cast<int>(Category::Aggressiveness)});
+    EXPECT_EQ(found.Slots, (std::array<std::optional<int>, 5>{1, 3, {}, {}, {}}));
+    EXPECT_EQ(found.Missing, std::vector<int>{static_cast<int>(Category::Aggressiveness)});
 
     // A sample renamed in the library is missing; one beyond Count is not looked at.
     library.Records[1].Name = "Rancor B";
     library.Count = 2;
-    EXPECT_EQ(FindPetSamples(pet, library).missing, (std::vector<int>{static_cast<int>(Category::Physique), static_cast<int>(Category::Prowess),
-                                                          static_cast<int>(Category::Aggressiveness)}));
+    EXPECT_EQ(FindPetSamples(pet, library).Missing,
+              (std::vector<int>{static_cast<int>(Category::Physique), static_cast<int>(Category::Prowess),
+                                static_cast<int>(Category::Aggressiveness)}));
 }

@@ -34,14 +34,16 @@ TEST(PutDnaInTemplate, LinesContributionsAndSelectedLine) {
     t.Experimented = {true, true, false, true, true};
     const DnaRecord r{"Rancor A", {512, 340}};
     const CategoryView physique = PutDnaInTemplate(t, Category::Physique, r);
-    EXPECT_EQ((Texts{physique.lines[0], physique.lines[1]}), (Texts{"Rancor A", "Hrd:512  |  Frt:340"}));
-    EXPECT_EQ(physique.selectedLine, 1);
-    EXPECT_EQ(physique.contributions[0], "340"); // 0.4 * 852 = 340.8 rounded down
+    EXPECT_EQ((Texts{physique.Lines[0], physique.Lines[1]}), (Texts{"Rancor A", "Hrd:512  |  Frt:340"}));
+    EXPECT_EQ(physique.SelectedLine, 1);
+    EXPECT_EQ(physique.Contributions[0], "340"); // 0.4 * 852 = 340.8 rounded down
     EXPECT_EQ(t.Experimented, (std::array<bool, 5>{}));
     const CategoryView prowess = PutDnaInTemplate(t, Category::Prowess, r); // weight 0.25
-    EXPECT_EQ(std::pair(prowess.selectedLine, prowess.contributions[0]), std::pair(2, std::string("213")));
+    EXPECT_EQ(std::pair(prowess.SelectedLine, prowess.Contributions[0]), std::pair(2, std::string("213")));
     // No such category: nothing is stored.
-    EXPECT_EQ(PutDnaInTemplate(t, static_cast<Category>(5), DnaRecord{"x"}).lines[0] + t.Slots[Index(Category::Aggressiveness)].Name, "");
+    EXPECT_EQ(PutDnaInTemplate(t, static_cast<Category>(5), DnaRecord{"x"}).Lines[0] +
+                  t.Slots[Index(Category::Aggressiveness)].Name,
+              "");
 }
 
 TEST(ClearTemplate, EmptiedSlotsAreNamedDashAndCapsStay) {
@@ -53,18 +55,21 @@ TEST(ClearTemplate, EmptiedSlotsAreNamedDashAndCapsStay) {
     const ValueArray caps = t.Caps;
     ClearCategory(t, Category::Prowess);
     EXPECT_EQ(FirstFreeCategory(t), Category::Prowess);
-    EXPECT_EQ(std::tuple(t.Slots[Index(Category::Prowess)].Attributes, t.Current, t.Experimented[Index(Category::Mental)]),
-              std::tuple(ValueArray{}, ValueArray{}, false));
+    EXPECT_EQ(
+        std::tuple(t.Slots[Index(Category::Prowess)].Attributes, t.Current, t.Experimented[Index(Category::Mental)]),
+        std::tuple(ValueArray{}, ValueArray{}, false));
     t.Current[Index(Attribute::Power)] = 400;
     ClearWholeTemplate(t);
     EXPECT_EQ(t.Slots[Index(Category::Physique)].Name + t.Slots[Index(Category::Aggressiveness)].Name, "--");
-    EXPECT_EQ(std::tuple(t.Slots[Index(Category::Physique)].Attributes, t.Current[Index(Attribute::Power)], t.Caps), std::tuple(ValueArray{}, 400, caps));
+    EXPECT_EQ(std::tuple(t.Slots[Index(Category::Physique)].Attributes, t.Current[Index(Attribute::Power)], t.Caps),
+              std::tuple(ValueArray{}, 400, caps));
 }
 
 TEST(EvaluateTemplate, FiveEqualSamplesExperimentedPairsAndPowerMinimum) {
     DnaTemplate t = FilledWith(500);
     TemplateEvaluation e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Index(Attribute::Hardiness)], e.label42[Index(Category::Physique)]}), (Texts{"325 [500]", "32/50%"}));
+    EXPECT_EQ((Texts{e.Label14[Index(Attribute::Hardiness)], e.Label42[Index(Category::Physique)]}),
+              (Texts{"325 [500]", "32/50%"}));
     ToggleExperiment(t, Category::Mental); // the pair takes its caps
     EXPECT_EQ(t.Current[Index(Attribute::Intellect)], 500);
     t.Current[Index(Attribute::Intellect)] = 595;
@@ -72,12 +77,14 @@ TEST(EvaluateTemplate, FiveEqualSamplesExperimentedPairsAndPowerMinimum) {
     t.Caps[Index(Attribute::Intellect)] = 700;
     t.Caps[Index(Attribute::Cleverness)] = 700;
     e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Index(Attribute::Hardiness)], e.label42[Index(Category::Mental)], e.label14[Index(Attribute::Cleverness)]}),
+    EXPECT_EQ((Texts{e.Label14[Index(Attribute::Hardiness)], e.Label42[Index(Category::Mental)],
+                     e.Label14[Index(Attribute::Cleverness)]}),
               (Texts{"325 [500]", "60/70%", "605 [700]"}));
     // Power 0 is raised to 113 after the percentages were taken.
     t = {};
     e = EvaluateTemplate(t);
-    EXPECT_EQ((Texts{e.label14[Index(Attribute::Power)], e.label42[Index(Category::Aggressiveness)]}), (Texts{"113\r\n [Min val]", "0/0%"}));
+    EXPECT_EQ((Texts{e.Label14[Index(Attribute::Power)], e.Label42[Index(Category::Aggressiveness)]}),
+              (Texts{"113\r\n [Min val]", "0/0%"}));
     EXPECT_EQ(std::pair(t.Current[Index(Attribute::Power)], t.Caps[Index(Attribute::Power)]), std::pair(113, 0));
 }
 
@@ -101,6 +108,6 @@ TEST(TemplateQuality, MeanOfWeightsAndWarning) {
         DnaTemplate t;
         for (int k = 0; k < kCategoryCount; ++k)
             t.Slots[k].Quality = qualities[k];
-        EXPECT_EQ(EvaluateTemplate(t).qualityText, text) << qualities[0] << " " << qualities[4];
+        EXPECT_EQ(EvaluateTemplate(t).QualityText, text) << qualities[0] << " " << qualities[4];
     }
 }

@@ -42,12 +42,12 @@ private slots:
         const quorvel::ValueArray even{300, 300, 300, 300, 300, 300, 300, 300, 300, 300};
         const auto expected =
             quorvel::PredictCreatureLevel(even, quorvel::PredictionSource::Sample, {true, true, true});
-        const QString all = QString::fromStdString(expected.text);
+        const QString all = QString::fromStdString(expected.Text);
         QCOMPARE(all.count(QStringLiteral(" / ")), 2);
         QCOMPARE(Level(form.get()), all);
 
         // Kimogila raises the last equation's level to 40; Angler [2] shows that level again.
-        QVERIFY(expected.lastCreatureLevel > 2 && expected.lastCreatureLevel < 40);
+        QVERIFY(expected.LastCreatureLevel > 2 && expected.LastCreatureLevel < 40);
         ChooseSkin(combo, Qt::Key_End);
         QCOMPARE(combo->currentText(), QStringLiteral("Kimogila [40]"));
         QCOMPARE(Level(form.get()), QStringLiteral("40"));
