@@ -45,19 +45,19 @@ std::vector<Category> AppModel::UseStoredPet(std::size_t index) {
     const StoredPet pet = storedPets_[index];
     const PetSamplesInLibrary found = FindPetSamples(pet, library_);
     std::vector<Category> missing;
-    for (const int category : found.missing)
+    for (const int category : found.Missing)
         missing.push_back(static_cast<Category>(category));
     if (!missing.empty())
         return missing;
     for (const Category category : kCategories) {
-        if (const std::optional<int> slot = found.slots[CategoryIndex(category)])
+        if (const std::optional<int> slot = found.Slots[Index(category)])
             PutSample(category, library_.Records[static_cast<std::size_t>(*slot)]);
         else
             ClearTemplate(ClearScope::OneCategory, category);
     }
     // Putting a sample clears every experiment; the pet's own come back once all are in.
     for (const Category category : kCategories) {
-        if (pet.Experimented[CategoryIndex(category)])
+        if (pet.Experimented[Index(category)])
             ToggleExperiment(category);
     }
     return {};
@@ -65,9 +65,9 @@ std::vector<Category> AppModel::UseStoredPet(std::size_t index) {
 
 std::vector<int> AppModel::ReadStoredPetsText(std::string_view text) {
     StoredPetsRead read = ReadStoredPets(text);
-    storedPets_ = std::move(read.pets);
+    storedPets_ = std::move(read.Pets);
     Tell(&AppModelObserver::StoredPetsChanged);
-    return read.badLines;
+    return read.BadLines;
 }
 
 } // namespace quorvel

@@ -202,12 +202,12 @@ void StoredPetsWindow::ShowComparison() {
         comparison_->setItem(row, 0, new NumberItem(a[row]));
         comparison_->setItem(row, 1, new NumberItem(b[row]));
         const PetDifference &d = differences[row];
-        auto *difference = new NumberItem(d.difference);
-        if (d.difference && *d.difference > 0)
+        auto *difference = new NumberItem(d.Difference);
+        if (d.Difference && *d.Difference > 0)
             difference->setText(QLatin1Char('+') + difference->text());
-        if (d.verdict == Verdict::Better)
+        if (d.Verdict == Verdict::Better)
             difference->setForeground(kBetterColour);
-        else if (d.verdict == Verdict::Worse)
+        else if (d.Verdict == Verdict::Worse)
             difference->setForeground(kWorseColour);
         comparison_->setItem(row, 2, difference);
     }
@@ -265,7 +265,7 @@ void StoredPetsWindow::UsePet() {
     }
     QStringList parts;
     for (const Category category : missing) {
-        const std::size_t c = CategoryIndex(category);
+        const std::size_t c = Index(category);
         parts.append(
             QStringLiteral("%1 \"%2\"").arg(QString::fromLatin1(kCategoryNames[c]), ToQt(pet.Samples[c].Name)));
     }

@@ -121,7 +121,7 @@ TEST(AppModel, StoredPetsFollowTheShownPetAndComeBackIntoTheTemplate) {
     AppModel model;
     Recorder list;
     model.SetObserver(&list);
-    model.Settings()[Old] = true;
+    model.Settings()[Setting::Old] = true;
     EXPECT_FALSE(model.ShownPet());
     for (int16_t value : {300, 400, 500}) {
         DnaRecord record = Sample();
@@ -161,10 +161,10 @@ TEST(AppModel, StoredPetsFollowTheShownPetAndComeBackIntoTheTemplate) {
 
     // A sample changed in the library is missing, and then nothing is put back.
     model.SelectRow(2, 2);
-    model.StoreSelectedText(AttributeColumn(Power), "401");
+    model.StoreSelectedText(AttributeColumn(Index(Attribute::Power)), "401");
     EXPECT_EQ(model.UseStoredPet(0), std::vector<Category>{Category::Prowess});
     EXPECT_EQ(model.Template().Slots[0].Name, "-");
-    model.StoreSelectedText(AttributeColumn(Power), "400");
+    model.StoreSelectedText(AttributeColumn(Index(Attribute::Power)), "400");
     EXPECT_EQ(model.UseStoredPet(0), std::vector<Category>{});
     EXPECT_EQ(model.Template().Slots[2].Name + model.Template().Slots[3].Name, "S500-");
     EXPECT_EQ(model.Template().Experimented, (std::array<bool, 5>{false, false, true, false, false}));

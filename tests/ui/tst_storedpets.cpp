@@ -50,7 +50,7 @@ void WritePets(const std::vector<quorvel::StoredPet> &pets, const QByteArray &mo
 
 std::vector<quorvel::StoredPet> PetsOnDisk() {
     const QByteArray bytes = ReadFileBytes(StoredPetsPath());
-    return quorvel::ReadStoredPets(std::string_view(bytes.constData(), bytes.size())).pets;
+    return quorvel::ReadStoredPets(std::string_view(bytes.constData(), bytes.size())).Pets;
 }
 
 QWidget *OpenStoredPets(Form1 *form) {
@@ -76,7 +76,7 @@ class TestStoredPets : public WindowTest {
 private slots:
     void storingFromTheTemplateAndFromADroppedSample() {
         auto form = MakeForm1();
-        for (quorvel::SettingIndex equation : {quorvel::Old, quorvel::New1, quorvel::New2})
+        for (quorvel::Setting equation : {quorvel::Setting::Old, quorvel::Setting::New1, quorvel::Setting::New2})
             form->Model().Settings()[equation] = true;
         auto *store = Find<QPushButton>(form.get(), QStringLiteral("Command1"));
         QVERIFY(!store->isEnabled());
