@@ -1,9 +1,36 @@
 #include "DnaListView.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QStyle>
+#include <QStyledItemDelegate>
+
+namespace {
+
+// Every row is one line of the list's font high, whatever its texts hold. The rows all take
+// the first row's height, and a name with a taller glyph (from a fallback font) stored into
+// the first row as a click leaves a box would move every row under the pointer before the
+// click picks its row.
+class LineHighDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        QStyleOptionViewItem line = option;
+        initStyleOption(&line, index);
+        line.text = QStringLiteral("0");
+        const QWidget *view = line.widget;
+        QStyle *style = view ? view->style() : QApplication::style();
+        size.setHeight(style->sizeFromContents(QStyle::CT_ItemViewItem, &line, QSize(), view).height());
+        return size;
+    }
+};
+
+} // namespace
 
 DnaListView::DnaListView(QWidget *parent) : QTreeWidget(parent) {
+    setItemDelegate(new LineHighDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);

@@ -97,6 +97,26 @@ private slots:
         QCOMPARE(Record(2).Attributes[2], 3);
     }
 
+    // The click that leaves a box stores it first; a name with a taller glyph stored into the
+    // first row must not make the rows taller under the pointer, or the click picks another row.
+    void aClickThatStoresATallNameStillPicksItsRow() {
+        QStringList lines;
+        for (int i = 1; i <= 20; ++i)
+            lines << u"1,2,3,4,5,6,7,8,9,10,S%1,1,0,0,0"_s.arg(i);
+        Open(lines);
+        Click(u"Check1"_s);
+        ClickRow(List(), 1);
+        const int height = List()->visualRect(List()->model()->index(0, 1)).height();
+        // Pasted, since keys exist for Latin-1 only.
+        Box(10)->setFocus();
+        Box(10)->insert(u"Tall \u4e2d\u0101\u00c5 name"_s);
+        const QModelIndex row12 = List()->model()->index(11, 1);
+        QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::NoModifier, List()->visualRect(row12).center());
+        QCOMPARE(Record(1).Name, "Tall \u4e2d\u0101\u00c5 name");
+        QCOMPARE(form_->Model().Library().SelectedRecord, 12);
+        QCOMPARE(List()->visualRect(List()->model()->index(0, 1)).height(), height);
+    }
+
     void newSampleUnsortedSortedAndAfterAShrinkingLoad() {
         Open(kSamples.mid(0, 2));
         ClickRow(List(), 1);
