@@ -90,6 +90,30 @@ QString WriteDnaFile(const QString &name, const QStringList &lines) {
     return path;
 }
 
+QString GoodDnaLine() {
+    return QStringLiteral("100,87,12,301,95,102,340,298,415,1000,Fresh,30,4,1,6");
+}
+
+QList<BadDnaFile> WriteBadDnaFiles() {
+    const QString good = GoodDnaLine();
+    // Bytes of every value, line ends among them, the same on every run.
+    QByteArray noise;
+    for (unsigned i = 0, seed = 7; i < 64 * 1024; ++i)
+        noise += static_cast<char>((seed = seed * 1103515245u + 12345u) >> 24);
+    const QString bare = TempFolder() + QStringLiteral("/bare.txt");
+    if (QFile file(bare); file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(good.toLatin1());
+    return {
+        {"binary noise", WriteDnaFile(QStringLiteral("noise.txt"), {QString::fromLatin1(noise)}), 0, false, false},
+        {"100 000-char line", WriteDnaFile(QStringLiteral("long.txt"), {good, QString(100000, u'x')}), 1, false, false},
+        {"10 000 lines", WriteDnaFile(QStringLiteral("many.txt"), QStringList(10000, good)), 10000, false, false},
+        {"no final line end", bare, 1, true, false},
+        {"lone CR", WriteDnaFile(QStringLiteral("cr.txt"), {good + u'\r' + good}), 2, true, false},
+        {"vanished file", TempFolder() + QStringLiteral("/gone.txt"), 0, false, true},
+        {"folder", TempFolder(), 0, false, true},
+    };
+}
+
 namespace {
 
 constexpr int kPollMs = 50;

@@ -46,6 +46,22 @@ QAction *ToolbarAction(QWidget *form1, const QString &caption);
 QString WriteDnaFile(const QString &name, const QStringList &lines);
 QString TempFolder();
 
+// The broken inputs every loader test feeds in, written into the temporary folder: binary
+// noise, a 100 000-character line, 10 000 lines, no final line end, a lone CR, a vanished
+// file and a folder. `samples` is how many samples come before the reading stops (with room
+// for them all), `complete` whether the whole file is read; the vanished file and the folder
+// are for the start-up's load, which names them without a dialog (`atStart`).
+struct BadDnaFile {
+    const char *tag;
+    QString path;
+    int samples;
+    bool complete;
+    bool atStart;
+};
+QList<BadDnaFile> WriteBadDnaFiles();
+// The good sample line the bad files are made of.
+QString GoodDnaLine();
+
 // Schedules an answer to the next file dialog: the path typed and Enter, or Escape when empty.
 // The answers wait a few seconds for their dialog; one that never shows fails the test.
 void AnswerFileDialog(const QString &path);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Form1.h"
+
+#include <QString>
+
+// The soak reads the program's own state only through this view of the model, so that a
+// change of where the program keeps it is a change of these few lines.
+class ProgramState {
+public:
+    explicit ProgramState(Form1 &form) : model_(form.Model()) {}
+
+    const quorvel::DnaLibrary &Library() const { return model_.Library(); }
+    const quorvel::DnaTemplate &Template() const { return model_.Template(); }
+    const quorvel::Settings &Settings() const { return model_.Settings(); }
+    quorvel::LevelEquations Equations() const { return model_.Equations(); }
+    const quorvel::ExperimentSession &Session() const { return model_.Session(); }
+    float LastCreatureLevel() const { return model_.LastCreatureLevel(); }
+    bool ListSorted() const { return model_.Sort().Sorted; }
+    QString LastDnaFile() const { return QString::fromStdString(model_.LastDnaFile()); }
+
+private:
+    const quorvel::AppModel &model_;
+};
