@@ -29,13 +29,32 @@ void AppModel::StartLoad() {
 }
 
 FileRead AppModel::ReadDnaFile(LoadMode mode) {
-    if (lastDnaFile_.empty())
+    const bool emptyAndSaved = library_.Count == 0 && !libraryChanged_;
+    const int count = library_.Count;
+    const FileRead read = ReadDnaFileAt(lastDnaFile_, mode);
+    if (read != FileRead::NotOpened && mode == LoadMode::Replace)
+        libraryChanged_ = false;
+    else if (mode == LoadMode::Append && library_.Count > count && !emptyAndSaved)
+        libraryChanged_ = true;
+    return read;
+}
+
+FileRead AppModel::RecoverDnaFile(const std::string &path) {
+    const int count = library_.Count;
+    const FileRead read = ReadDnaFileAt(path, LoadMode::Append);
+    if (library_.Count > count)
+        libraryChanged_ = true;
+    return read;
+}
+
+FileRead AppModel::ReadDnaFileAt(const std::string &path, LoadMode mode) {
+    if (path.empty())
         return FileRead::NotOpened;
     // A folder, a vanished or an unreadable file ends the load before anything changes.
     std::error_code error;
     std::ifstream in;
-    if (std::filesystem::is_regular_file(lastDnaFile_, error))
-        in.open(lastDnaFile_, std::ios::binary);
+    if (std::filesystem::is_regular_file(path, error))
+        in.open(path, std::ios::binary);
     if (!in.is_open()) {
         ClearTemplate(ClearScope::WholeTemplate);
         return FileRead::NotOpened;
@@ -102,12 +121,6 @@ void AppModel::SetSelectedRow(int row) {
     library_.SelectedRow = static_cast<int16_t>(row);
 }
 
-void AppModel::WriteSelectedCell(ListColumn column) {
-    // A selection without a row (nothing loaded yet) changes the sample only.
-    Tell(&AppModelObserver::CellWritten, static_cast<int>(library_.SelectedRow), column,
-         EditedCell(library_.Selected(), column));
-}
-
 void AppModel::StoreSelectedText(ListColumn column, const std::string &text) {
     DnaRecord &record = library_.Selected();
     if (column == ListColumn::Name) {
@@ -137,6 +150,14 @@ void AppModel::StoreSelectedOrigin(int origin) {
     WriteSelectedCell(ListColumn::Origin);
 }
 
+void AppModel::WriteSelectedCell(ListColumn column) {
+    // Every store of the editor ends here; a store counts as a change even when it keeps the value.
+    libraryChanged_ = true;
+    // A selection without a row (nothing loaded yet) changes the sample only.
+    Tell(&AppModelObserver::CellWritten, static_cast<int>(library_.SelectedRow), column,
+         EditedCell(library_.Selected(), column));
+}
+
 std::optional<int> AppModel::NewDnaRecord() {
     const std::optional<int> slot = library_.AppendRecord();
     if (!slot)
@@ -145,6 +166,7 @@ std::optional<int> AppModel::NewDnaRecord() {
     DnaRecord &record = library_.Records[static_cast<std::size_t>(*slot)];
     record = DnaRecord{};
     record.Name = "New DNA";
+    libraryChanged_ = true;
     if (sort_.Sorted) {
         sort_.Sorted = false;
         RebuildRows();
@@ -164,6 +186,7 @@ bool AppModel::AddDnaRecord(const DnaRecord &record) {
     if (!slot)
         return false;
     library_.Records[static_cast<std::size_t>(*slot)] = record;
+    libraryChanged_ = true;
     // A sorted list is not written cell by cell: it is rebuilt in slot order.
     if (sort_.Sorted) {
         sort_.Sorted = false;

@@ -135,6 +135,18 @@ public:
     // cleared and the list's sorting switched off. Then LastDnaFile is read.
     void StartLoad();
     FileRead ReadDnaFile(LoadMode mode);
+    // Appends the samples of a recovery file as an append does; LastDnaFile stays the user's file.
+    FileRead RecoverDnaFile(const std::string &path);
+
+    // True while the library holds samples or values that no DNA file has: after "Edit", a
+    // leave-box store, "New", an Add DNA save, an append or a recovery; false after a load and
+    // after a save. An append into an empty library that holds nothing unsaved keeps it false,
+    // since every sample is then in the file just read (the start-up's reload is such an append).
+    bool LibraryChanged() const { return libraryChanged_; }
+    // A DNA file now holds the library.
+    void LibrarySaved() { libraryChanged_ = false; }
+    // The text a recovery file keeps: every sample in slot order, as "Save" writes them.
+    std::string RecoveryText() const { return DnaFileText(SaveMode::Save, {}); }
     // "Save" goes to LastDnaFile without a dialog once there is one.
     bool SavesWithoutDialog(SaveMode mode) const;
     // The file's text; "WYSIWYG" follows the slots of the rows as shown, the others slot order.
@@ -233,12 +245,14 @@ private:
     StatTexts PredictPet(const ValueArray &values, PredictionSource source);
     void RebuildRows();
     void WriteSelectedCell(ListColumn column);
+    FileRead ReadDnaFileAt(const std::string &path, LoadMode mode);
 
     DnaLibrary library_;
     DnaTemplate template_;
     float lastCreatureLevel_ = 0.0f;
     quorvel::Settings settings_;
     std::string lastDnaFile_; // UTF-8
+    bool libraryChanged_ = false;
     ListSort sort_;
     std::array<bool, kFoldParts> folds_{};
     bool foldAllUnfolds_ = true;

@@ -98,6 +98,7 @@ void Form1::StartMainWindow() {
     connect(&hub_, &ModelHub::storedPetsChanged, this, &Form1::WriteStoredPetsFile);
     if (model_.Settings()[quorvel::Setting::Load])
         LoadDnaFile(quorvel::LoadMode::Append, true);
+    ShowRecoveryState();
 }
 
 void Form1::BuildToolbar() {
@@ -134,6 +135,8 @@ void Form1::BuildToolbar() {
     QMenu *loadMenu = addMenu(load);
     addEntry(loadMenu, QStringLiteral("Load DNA"), &Form1::LoadDna)->setData(QStringLiteral("t_dna"));
     addEntry(loadMenu, QStringLiteral("Append DNA"), &Form1::AppendDna)->setData(QStringLiteral("t_app"));
+    recover_ = addEntry(loadMenu, QStringLiteral("Recover Unsaved Samples"), &Form1::RecoverUnsavedSamples);
+    connect(loadMenu, &QMenu::aboutToShow, this, &Form1::ShowRecoveryState);
     load->setShortcut(QKeySequence::Open);
     QAction *save = addButton(QStringLiteral("Save"), QStringLiteral("save"), &Form1::Save);
     QMenu *saveMenu = addMenu(save);
@@ -236,6 +239,7 @@ void Form1::LayoutMainWindow() {
 
 void Form1::closeEvent(QCloseEvent *event) {
     WriteSettingsFile();
+    WriteRecoveryFile();
     ExitApp();
     QMainWindow::closeEvent(event);
 }

@@ -12,6 +12,7 @@
 #include <optional>
 
 class DnaListPanel;
+class QAction;
 class EditorPanel;
 class Form2;
 class Form3;
@@ -49,6 +50,7 @@ private slots:
     void NoSort();
     void ShowAddDna();
     void ShowStoredPets();
+    void RecoverUnsavedSamples();
     void ShowDnaView();
     void ShowPetView();
     void ShowOptions();
@@ -73,6 +75,13 @@ private:
     void WriteSettingsFile();
     // The stored pets' file beside the settings file: read at start, written on every change.
     QString StoredPetsPath() const;
+    // The recovery file beside the settings file: the library as it was when the window
+    // closed with samples no DNA file holds.
+    QString RecoveryPath() const;
+    void WriteRecoveryFile();
+    void RemoveRecoveryFile();
+    // "Recover Unsaved Samples" enabled while the file is there, and the status bar's note.
+    void ShowRecoveryState();
     void ReadStoredPetsFile();
     void WriteStoredPetsFile();
     void OpenExperimentWindow(bool canReset);
@@ -94,6 +103,8 @@ private:
     QPointer<Form4> form4_;
     QPointer<Form5> form5_;
     QPointer<StoredPetsWindow> storedPets_;
+    QAction *recover_ = nullptr;
+    bool recovered_ = false; // the recovery file's samples are back in the library
     // Deleting and renaming stored pets can be undone for the whole run.
     QUndoStack petUndo_;
     // False when the file of stored pets could not be read, or its bad lines not kept aside:

@@ -34,6 +34,10 @@ void Form1::LoadDnaFile(quorvel::LoadMode mode, bool useLastFile) {
             return;
         model_.SetLastDnaFile(FromQt(chosen));
     }
-    if (model_.ReadDnaFile(mode) == quorvel::FileRead::Complete)
+    const quorvel::FileRead read = model_.ReadDnaFile(mode);
+    if (read == quorvel::FileRead::Complete)
         ShowFileCaption();
+    // A load the user asked for replaces whatever the last run left unsaved.
+    if (read != quorvel::FileRead::NotOpened && mode == quorvel::LoadMode::Replace)
+        RemoveRecoveryFile();
 }

@@ -49,6 +49,8 @@ void Form1::SaveDnaFile(quorvel::SaveMode mode) {
     const QString path = ToQt(model_.LastDnaFile());
     if (!SaveWholeFile(this, path, text))
         return;
+    model_.LibrarySaved();
+    RemoveRecoveryFile();
 
     if (usesLastFile) {
         QMessageBox saved(QMessageBox::NoIcon, QStringLiteral("Saved"),

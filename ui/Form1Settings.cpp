@@ -65,6 +65,10 @@ QString Form1::StoredPetsPath() const {
     return SettingsFolder(ProgramFolder()) + QStringLiteral("/quorvel-pets.csv");
 }
 
+QString Form1::RecoveryPath() const {
+    return SettingsFolder(ProgramFolder()) + QStringLiteral("/quorvel-unsaved.txt");
+}
+
 void Form1::ReadSettingsFile() {
     QFile file(SettingsReadPath(ProgramFolder()));
     if (!file.open(QIODevice::ReadOnly))

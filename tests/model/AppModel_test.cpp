@@ -105,6 +105,45 @@ TEST(AppModel, AFileThatCannotBeOpenedChangesNothingButTheTemplate) {
     EXPECT_EQ(model.DnaFileText(SaveMode::AsShown, {1, 1}), model.DnaFileText(SaveMode::Save, {}));
 }
 
+TEST(AppModel, TheLibraryIsChangedUntilAFileHoldsItAgain) {
+    AppModel model;
+    const std::string file = WriteFile("model-two.txt", "1,2,3,4,5,6,7,8,9,10,One\r\n2,2,3,4,5,6,7,8,9,10,Two\r\n");
+    // The start-up's reload into an empty library: every sample is in the file just read.
+    model.SetLastDnaFile(file);
+    model.ReadDnaFile(LoadMode::Append);
+    EXPECT_FALSE(model.LibraryChanged());
+    model.ReadDnaFile(LoadMode::Append);
+    EXPECT_TRUE(model.LibraryChanged());
+    model.LibrarySaved();
+    EXPECT_FALSE(model.LibraryChanged());
+    // A store counts even when it keeps the value; a file that cannot be opened is no load.
+    model.SelectRow(1, 1);
+    model.StoreSelectedText(ListColumn::Name, "One");
+    EXPECT_TRUE(model.LibraryChanged());
+    model.SetLastDnaFile("/no/such/file");
+    model.ReadDnaFile(LoadMode::Replace);
+    EXPECT_TRUE(model.LibraryChanged());
+    model.SetLastDnaFile(file);
+    model.ReadDnaFile(LoadMode::Replace);
+    EXPECT_FALSE(model.LibraryChanged());
+    ASSERT_TRUE(model.NewDnaRecord());
+    EXPECT_TRUE(model.LibraryChanged());
+    model.ReadDnaFile(LoadMode::Replace);
+    ASSERT_TRUE(model.AddDnaRecord(Sample()));
+    EXPECT_TRUE(model.LibraryChanged());
+    EXPECT_EQ(model.RecoveryText(), model.DnaFileText(SaveMode::SaveAs, {}));
+
+    // Recovered samples are in no file of the user's, also in an empty library; the last DNA
+    // file stays the user's.
+    AppModel next;
+    next.SetLastDnaFile(file);
+    EXPECT_EQ(next.RecoverDnaFile(WriteFile("model-recovery.txt", model.RecoveryText())), FileRead::Complete);
+    EXPECT_EQ(next.Library().Count, 3);
+    EXPECT_EQ(next.Library().Records[3].Name, "Rex");
+    EXPECT_TRUE(next.LibraryChanged());
+    EXPECT_EQ(next.LastDnaFile(), file);
+}
+
 TEST(AppModel, FoldAllAlternatesAndLeavesThePanelsAlone) {
     AppModel model;
     EXPECT_TRUE(model.Folded(FoldPart::MentalList));

@@ -8,9 +8,11 @@
 #include "ReadNumber.h"
 #include "ReferenceTables.h"
 #include "Skins.h"
+#include "TestSupport.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -113,6 +115,9 @@ void Invariants::Before(Form1 &form) {
 
 QString Invariants::After(Form1 &form, unsigned effects) {
     CheckNoModal();
+    const QAction *recover = testsupport::ToolbarAction(&form, QStringLiteral("Recover Unsaved Samples"));
+    Check(recover && recover->isEnabled() == QFileInfo(ProgramState::RecoveryPath()).isFile(),
+          QStringLiteral("\"Recover Unsaved Samples\" is not enabled exactly while there is a recovery file"));
     CheckList(form, effects & Sorted);
     CheckPanels(form, effects);
     if (effects & SessionShown)

@@ -2,6 +2,7 @@
 
 #include "Form1.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // The soak reads the program's own state only through this view of the model, so that a
@@ -18,6 +19,12 @@ public:
     float LastCreatureLevel() const { return model_.LastCreatureLevel(); }
     bool ListSorted() const { return model_.Sort().Sorted; }
     QString LastDnaFile() const { return QString::fromStdString(model_.LastDnaFile()); }
+    bool LibraryChanged() const { return model_.LibraryChanged(); }
+    // Where the window keeps unsaved samples when it closes: beside the settings file, here
+    // the program's folder.
+    static QString RecoveryPath() {
+        return QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel-unsaved.txt");
+    }
 
 private:
     const quorvel::AppModel &model_;

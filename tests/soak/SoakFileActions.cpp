@@ -2,6 +2,7 @@
 #include "SoakRun.h"
 
 #include "Cp1252.h"
+#include "DnaFile.h"
 #include "Form1.h"
 #include "Numeric.h"
 #include "ProgramState.h"
@@ -11,8 +12,11 @@
 #include <QFileInfo>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTest>
 #include <QTreeWidget>
+
+#include <fstream>
 
 using namespace quorvel;
 
@@ -34,7 +38,8 @@ void SoakRun::AddFileActions() {
     Add("save with data", 1, always, [this] { return SaveFile(QStringLiteral("Save With Data")); });
     Add("WYSIWYG", 2, always, [this] { return SaveFile(QStringLiteral("WYSIWYG")); });
     Add("options", 3, always, [this] { return Options(); });
-    Add("start again", 1, always, [this] { return Restart(); });
+    Add("start again", 2, always, [this] { return Restart(); });
+    Add("recover unsaved samples", 2, always, [this] { return Recover(); });
 }
 
 // A file of good samples, written in the ways people write them: blanks, decimals and
@@ -112,6 +117,7 @@ unsigned SoakRun::LoadFile(const QString &caption, bool replace) {
         path = PathInFolder(QStringLiteral("missing"));
     }
     Say(QStringLiteral("%1 of '%2'").arg(caption, QFileInfo(path).fileName()));
+    const bool opens = QFileInfo(path).isFile();
     answer_.Begin(path);
     ClickToolbar(caption);
 
@@ -123,6 +129,9 @@ unsigned SoakRun::LoadFile(const QString &caption, bool replace) {
         return WholeCleared;
     }
     checks_.Check(after.LastDnaFile() == path, QStringLiteral("the file chosen is not the last DNA file"));
+    if (replace && opens)
+        checks_.Check(!after.LibraryChanged() && !QFileInfo::exists(ProgramState::RecoveryPath()),
+                      QStringLiteral("a load left the library changed or the recovery file in place"));
     if (known) {
         const int fits = std::min(static_cast<int>(records.size()), kMaxSamples - base);
         const bool complete = wholeFile && base + static_cast<int>(records.size()) <= kMaxSamples;
@@ -209,6 +218,8 @@ unsigned SoakRun::SaveFile(const QString &caption) {
         return NoEffect;
     }
     checks_.Check(writable, QStringLiteral("a save to %1 claimed success").arg(target));
+    checks_.Check(!after.LibraryChanged() && !QFileInfo::exists(ProgramState::RecoveryPath()),
+                  QStringLiteral("a save left the library changed or the recovery file in place"));
     checks_.Check(answer_.SawBox(QStringLiteral("Saved")) == direct,
                   QStringLiteral("\"Saved\" shown wrongly: %1").arg(seen.join(u'|')));
     checks_.Check(Main().windowTitle() == Caption(target),
@@ -284,13 +295,35 @@ unsigned SoakRun::Options() {
     return NoEffect;
 }
 
+// Closing asks nothing and writes nothing over the user's file; samples no file holds go to
+// the recovery file, which the next start tells of.
 unsigned SoakRun::Restart() {
     const ProgramState before(Main());
     const quorvel::Settings settings = before.Settings();
     const QString last = before.LastDnaFile();
+    const QString recovery = ProgramState::RecoveryPath();
+    const QByteArray lastBytes = last.isEmpty() ? QByteArray() : testsupport::ReadFileBytes(last);
+    const QByteArray oldRecovery = testsupport::ReadFileBytes(recovery);
+    const bool recoveryThere = QFileInfo(recovery).isFile();
+    const bool unsaved = before.LibraryChanged() && before.Library().Count > 0;
+    std::vector<int> order;
+    for (int slot = 1; slot <= before.Library().Count; ++slot)
+        order.push_back(slot);
+    const ReadBack expected = ExpectedReadBack(before.Library(), order, false);
+    Say(unsaved ? QStringLiteral("with unsaved samples") : QStringLiteral("with nothing unsaved"));
     Main().close();
     form_.reset();
     Settle();
+    checks_.Check(last.isEmpty() || testsupport::ReadFileBytes(last) == lastBytes,
+                  QStringLiteral("closing wrote over the last DNA file"));
+    if (unsaved) {
+        const QString readBack = CheckReadBack(recovery, expected);
+        checks_.Check(readBack.isEmpty(), QStringLiteral("the recovery file: %1").arg(readBack));
+    } else {
+        checks_.Check(QFileInfo(recovery).isFile() == recoveryThere &&
+                          testsupport::ReadFileBytes(recovery) == oldRecovery,
+                      QStringLiteral("closing with nothing unsaved changed the recovery file"));
+    }
     form_ = testsupport::MakeForm1();
     checks_.Restarted();
     const ProgramState after(Main());
@@ -299,5 +332,44 @@ unsigned SoakRun::Restart() {
                   QStringLiteral("the options did not come back at the next start"));
     checks_.Check(after.LastDnaFile() == (settings[quorvel::Setting::Load] ? last : QString()),
                   QStringLiteral("the last DNA file came back as '%1'").arg(after.LastDnaFile()));
+    const QString note = In<QStatusBar>(&Main(), QStringLiteral("StatusBar1"))->currentMessage();
+    checks_.Check(note.contains(QLatin1String("Unsaved samples")) == QFileInfo(recovery).isFile(),
+                  QStringLiteral("the status bar says '%1'").arg(note));
     return NoEffect;
+}
+
+// "Recover Unsaved Samples" appends the recovery file's samples as "Append DNA" does; the
+// caption and the last DNA file stay the user's.
+unsigned SoakRun::Recover() {
+    const QString recovery = ProgramState::RecoveryPath();
+    const bool there = QFileInfo(recovery).isFile();
+    const ProgramState state(Main());
+    const int count = state.Library().Count;
+    const QString title = Main().windowTitle();
+    const QString last = state.LastDnaFile();
+    // The file read onto a library as full as the program's: names left empty get the same slots.
+    auto file = std::make_unique<DnaLibrary>();
+    file->Count = static_cast<int16_t>(count);
+    if (there) {
+        std::ifstream in(QFile::encodeName(recovery).toStdString(), std::ios::binary);
+        LoadDnaStream(in, *file, nullptr);
+    }
+    const int added = file->Count - count;
+    Say(there ? QStringLiteral("%1 samples").arg(added) : QStringLiteral("none there"));
+    testsupport::ToolbarAction(&Main(), QStringLiteral("Recover Unsaved Samples"))->trigger();
+    if (!there)
+        return NoEffect;
+    const DnaLibrary &library = state.Library();
+    checks_.Check(library.Count == file->Count,
+                  QStringLiteral("%1 samples after recovering %2 onto %3").arg(library.Count).arg(added).arg(count));
+    for (int slot = count + 1; slot <= file->Count && slot <= library.Count; ++slot) {
+        const QString differs =
+            SameSample(library.Records[static_cast<std::size_t>(slot)], file->Records[static_cast<std::size_t>(slot)]);
+        if (!checks_.Check(differs.isEmpty(), QStringLiteral("slot %1 recovered as %2").arg(slot).arg(differs)))
+            break;
+    }
+    checks_.Check(Main().windowTitle() == title && state.LastDnaFile() == last,
+                  QStringLiteral("recovering changed the caption or the last DNA file"));
+    checks_.Check(state.LibraryChanged() || added == 0, QStringLiteral("recovered samples count as saved"));
+    return WholeCleared;
 }

@@ -1,10 +1,12 @@
 #include "SoakRun.h"
 
 #include "Form1.h"
+#include "ProgramState.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QTest>
 #include <QToolBar>
@@ -33,6 +35,7 @@ SoakRun::SoakRun(quint64 seed) : random_(seed), seed_(seed) {
     AddAddDnaActions();
     AddWindowActions();
     testsupport::RemoveSettingsFile();
+    QFile::remove(ProgramState::RecoveryPath());
     form_ = testsupport::MakeForm1();
 }
 

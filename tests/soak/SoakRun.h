@@ -80,6 +80,7 @@ private:
     unsigned SaveFile(const QString &caption);
     unsigned LoadBack(const QString &path, const ReadBack &expected);
     unsigned Restart();
+    unsigned Recover();
     unsigned Options();
     QString GoodFile(std::vector<quorvel::DnaRecord> &records, bool &wholeFile);
 

@@ -50,6 +50,8 @@ void SoakRun::AddEditorActions() {
         const DnaRecord before = ProgramState(Main()).Library().Selected();
         testsupport::ClickWidget(edit);
         const DnaRecord &after = ProgramState(Main()).Library().Selected();
+        checks_.Check(!enabled || ProgramState(Main()).LibraryChanged(),
+                      QStringLiteral("Edit left the library unchanged"));
         for (int box = 0; enabled && box < 12; ++box) {
             const auto *text = In<QLineEdit>(&Main(), BoxName(box));
             if (box == 10) {
@@ -79,7 +81,7 @@ void SoakRun::AddEditorActions() {
         checks_.Check(
             library.Count == count + 1 && library.SelectedRecord == library.Count &&
                 library.SelectedRow == library.Count && !state.ListSorted() && record.Name == "New DNA" &&
-                record.Attributes == AttributeArray{} && record.Level == 0,
+                record.Attributes == AttributeArray{} && record.Level == 0 && state.LibraryChanged(),
             QStringLiteral("New made slot %1 '%2'").arg(library.Count).arg(QString::fromStdString(record.Name)));
         return unsigned(NoEffect);
     });
@@ -151,8 +153,9 @@ void SoakRun::AddAddDnaActions() {
             return unsigned(NoEffect);
         }
         const DnaRecord &stored = library.Records[static_cast<std::size_t>(library.Count)];
-        checks_.Check(library.Count == count + 1 && stored.Name == typed.Name &&
-                          stored.Attributes == typed.Attributes && stored.Level == typed.Level,
+        checks_.Check(library.Count == count + 1 && ProgramState(Main()).LibraryChanged() &&
+                          stored.Name == typed.Name && stored.Attributes == typed.Attributes &&
+                          stored.Level == typed.Level,
                       QStringLiteral("Add DNA saved '%1' as slot %2")
                           .arg(QString::fromStdString(typed.Name).left(30))
                           .arg(library.Count));
