@@ -11,13 +11,9 @@ namespace quorvel {
 
 namespace {
 
-std::string Rounded(double x, int decimals) {
-    return FormatDouble(RoundHalfEven(x, decimals));
-}
-
-std::string Percent(double x) {
+std::string Percent(double value) {
     std::string text;
-    AppendDouble(text, RoundHalfEven(x, 2));
+    AppendDouble(text, value);
     text += '%';
     return text;
 }
@@ -42,44 +38,84 @@ void AddEquation(CreatureLevelNumbers &result, LevelEquation equation, double le
 
 } // namespace
 
+double HealthValue(double hrd, double dex) {
+    return RoundHalfEven(hrd * 6.62 + dex * 1.32 + 50, 0);
+}
+
+double RegenValue(double dpn, double end) {
+    return RoundHalfEven(dpn / 70 + end / 14, 0);
+}
+
+double StateResistValue(double intel, double hrd) {
+    return RoundHalfEven(intel / 12 + hrd / 60, 2);
+}
+
+double DefenseValue(double dex, double intel) {
+    return RoundHalfEven(dex * 0.17 + intel * 0.035 + 4, 0);
+}
+
+double CriticalSaveValue(double dpn) {
+    return RoundHalfEven((dpn + 0.0132) / 125.02, 2);
+}
+
+double DamageLowValue(double pwr) {
+    return RoundHalfEven(pwr * 0.204 - 14.5, 0);
+}
+
+double DamageHighValue(double pwr) {
+    return RoundHalfEven(pwr * 0.603 + 60, 0);
+}
+
+double ToHitValue(double clv) {
+    return RoundHalfEven((clv + 22.673) / 4.9047, 0);
+}
+
+double CriticalHitValue(double frc) {
+    return RoundHalfEven((frc - 0.0048) / 125, 2);
+}
+
+double AggroBonusValue(double crg) {
+    return RoundHalfEven((crg + 0.0000009) / 40, 2);
+}
+
 std::string HealthText(double hrd, double dex) {
-    return Rounded(hrd * 6.62 + dex * 1.32 + 50, 0);
+    return FormatDouble(HealthValue(hrd, dex));
 }
 
 std::string RegenText(double dpn, double end) {
-    return Rounded(dpn / 70 + end / 14, 0);
+    return FormatDouble(RegenValue(dpn, end));
 }
 
 std::string StateResistText(double intel, double hrd) {
-    return Percent(intel / 12 + hrd / 60);
+    return Percent(StateResistValue(intel, hrd));
 }
 
 std::string DefenseText(double dex, double intel) {
-    return Rounded(dex * 0.17 + intel * 0.035 + 4, 0);
+    return FormatDouble(DefenseValue(dex, intel));
 }
 
 std::string CriticalSaveText(double dpn) {
-    return Percent((dpn + 0.0132) / 125.02);
+    return Percent(CriticalSaveValue(dpn));
 }
 
 std::string DamageText(double pwr) {
     std::string text;
-    AppendDouble(text, RoundHalfEven(pwr * 0.204 - 14.5, 0));
+    AppendDouble(text, DamageLowValue(pwr));
     text += " - ";
-    AppendDouble(text, RoundHalfEven(pwr * 0.603 + 60, 0));
+    AppendDouble(text, DamageHighValue(pwr));
     return text;
 }
 
 std::string ToHitText(double clv) {
-    return Rounded((clv + 22.673) / 4.9047, 0);
+    return FormatDouble(ToHitValue(clv));
 }
 
 std::string CriticalHitText(double frc) {
-    return Percent((frc - 0.0048) / 125);
+    return Percent(CriticalHitValue(frc));
 }
 
 std::string AggroBonusText(double crg) {
-    return Percent((crg + 0.0000009) / 40);
+    return Percent(AggroBonusValue(crg));
 }
 
 double LevelPolynomial(LevelEquation equation, double level) {
@@ -98,28 +134,39 @@ double LevelPolynomial(LevelEquation equation, double level) {
     return 0.0;
 }
 
-CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq) {
+double WeightedLevel(const ValueArray &v, PredictionSource source, LevelEquation equation) {
     // The integer sums are formed in 64 bits: Power 1000 with the other values at several
     // hundred already leaves the 16-bit range the values are stored in.
     std::array<int64_t, 10> wide{};
     std::copy(v.begin(), v.end(), wide.begin());
-    const int64_t oldSum = LevelSum<int64_t>(wide, 1);
-    const int64_t new1Sum = LevelSum<int64_t>(wide, 2);
-    const double power = static_cast<double>(v[Index(Attribute::Power)]);
-
-    const auto weightedLevel = [&](int64_t sum) {
+    const int64_t power = wide[Index(Attribute::Power)];
+    switch (equation) {
+    case LevelEquation::Old:
+    case LevelEquation::New1: {
+        const int64_t sum = LevelSum<int64_t>(wide, equation == LevelEquation::New1 ? 2 : 1);
         if (source == PredictionSource::Sample)
-            return RoundHalfEven(static_cast<double>(sum + 30 * wide[Index(Attribute::Power)]) / 100);
-        return RoundHalfEven((power * 29.999 + static_cast<double>(sum)) / 100);
-    };
+            return RoundHalfEven(static_cast<double>(sum + 30 * power) / 100);
+        return RoundHalfEven((static_cast<double>(power) * 29.999 + static_cast<double>(sum)) / 100);
+    }
+    case LevelEquation::New2:
+        return RoundHalfEven((static_cast<double>(power) * 29.459 + static_cast<double>(LevelSum<int64_t>(wide, 1))) /
+                             100);
+    }
+    return 0.0;
+}
 
+double CreatureLevelValue(const ValueArray &v, PredictionSource source, LevelEquation equation) {
+    return RoundHalfEven(LevelPolynomial(equation, WeightedLevel(v, source, equation)), 2);
+}
+
+CreatureLevelNumbers PredictCreatureLevelNumbers(const ValueArray &v, PredictionSource source, LevelEquations eq) {
     CreatureLevelNumbers result;
     if (eq.Old)
-        AddEquation(result, LevelEquation::Old, weightedLevel(oldSum));
+        AddEquation(result, LevelEquation::Old, WeightedLevel(v, source, LevelEquation::Old));
     if (eq.New1)
-        AddEquation(result, LevelEquation::New1, weightedLevel(new1Sum));
+        AddEquation(result, LevelEquation::New1, WeightedLevel(v, source, LevelEquation::New1));
     if (eq.New2)
-        AddEquation(result, LevelEquation::New2, RoundHalfEven((power * 29.459 + static_cast<double>(oldSum)) / 100));
+        AddEquation(result, LevelEquation::New2, WeightedLevel(v, source, LevelEquation::New2));
     return result;
 }
 

@@ -62,6 +62,26 @@ struct PetPrediction {
 
 PetPrediction PredictPetStats(const ValueArray &v, PredictionSource source, LevelEquations eq);
 
+// The numbers of the statistics, on double inputs in Attribute order, as the texts below show them
+// (a percentage without its "%").
+double HealthValue(double hrd, double dex);
+double RegenValue(double dpn, double end); // the rounded regen
+double StateResistValue(double intel, double hrd);
+double DefenseValue(double dex, double intel);
+double CriticalSaveValue(double dpn);
+double DamageLowValue(double pwr);
+double DamageHighValue(double pwr);
+double ToHitValue(double clv);
+double CriticalHitValue(double frc);
+double AggroBonusValue(double crg);
+
+// The whole-number weighted level L of one equation.
+double WeightedLevel(const ValueArray &v, PredictionSource source, LevelEquation equation);
+
+// P(L) of one equation rounded to 2 decimals in double precision: the creature level before it is
+// stored as single precision.
+double CreatureLevelValue(const ValueArray &v, PredictionSource source, LevelEquation equation);
+
 // The statistics shared by the single-sample, template and typed-sample predictions,
 // on double inputs in Attribute order; each is the shown text (without level).
 std::string HealthText(double hrd, double dex);

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the benchmark programs (Release, build-bench/) and runs them all headless; prints
-# one table of medians and ratios. Each side runs at least 7 times (rounds, default 7).
+# one table of medians and ratios (each side runs at least 7 times: rounds, default 7), then
+# the template finder's table (each search once).
 #   tools/bench.sh [rounds]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,7 +15,7 @@ log=build-bench/build.log
 {
     cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DQUORVEL_BUILD_BENCH=ON -DQUORVEL_BUILD_TESTS=OFF &&
         cmake --build build-bench -j"$(nproc)" --target quorvel_bench_startup quorvel_bench_startup_run \
-            quorvel_bench_lists quorvel_bench_predict
+            quorvel_bench_lists quorvel_bench_predict quorvel_bench_finder
 } >"$log" 2>&1 || { tail -40 "$log" >&2; exit 1; }
 bin=build-bench/bench
 
@@ -37,3 +38,7 @@ rows+=$'\n'"$(awk -F, -v numbers=10e6 -v texts=1e6 '
     echo "figure|ours (median)|bare (median)|ratio|target|verdict"
     echo "$rows"
 } | column -t -s '|'
+
+# The template finder: one search per goal and level limit, and the median and the worst.
+echo
+"$bin/quorvel_bench_finder" | column -t -s '|'

@@ -22,14 +22,19 @@ ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:ha
 prefix="$(mktemp -d)"
 trap 'rm -rf "$prefix"' EXIT
 cmake --install build --prefix "$prefix"
-for path in bin/quorvel lib/quorvel/quorvel lib/quorvel/starter-samples.txt lib/quorvel/quorvel.cfg \
-    share/applications/quorvel.desktop share/icons/hicolor/scalable/apps/quorvel.svg; do
+for path in bin/quorvel lib/quorvel/quorvel bin/quorvel-find lib/quorvel/quorvel-find lib/quorvel/starter-samples.txt \
+    lib/quorvel/quorvel.cfg share/applications/quorvel.desktop share/icons/hicolor/scalable/apps/quorvel.svg; do
     if [ ! -e "$prefix/$path" ]; then
         echo "not installed: $path" >&2
         exit 1
     fi
 done
 [ -x "$prefix/bin/quorvel" ] || { echo "installed command is not executable" >&2; exit 1; }
+# The finder's command runs through its link and finds templates in an installed example.
+"$prefix/bin/quorvel-find" "$prefix/lib/quorvel/starter-samples.txt" --top 1 | grep -q '^1	' || {
+    echo "installed quorvel-find does not run" >&2
+    exit 1
+}
 grep -q '^Exec=quorvel$' "$prefix/share/applications/quorvel.desktop"
 # A second install keeps the settings file that is already there.
 printf 'Exp\r\n 3 \r\n' >"$prefix/lib/quorvel/quorvel.cfg"
