@@ -16,7 +16,7 @@ constexpr Value kRisingFrom = -75;
 // Rounds of fresh tangents at the root and, by the number of free categories, below it.
 constexpr int kRootRounds = 6;
 constexpr std::array<int, kCategoryCount + 1> kNodeRounds{0, 0, 1, 2, 2, 2};
-// With two free categories the pairing replaces the node's own rounds.
+// With two free categories the pairing replaces the node's own rounds (but for the root's).
 constexpr int kPairingFree = 2;
 
 } // namespace
@@ -182,7 +182,7 @@ void Searcher::SetPairing(int depth, NodeState &state, double score, int64_t low
     LinearBound &bound = state.PairBound;
     SetLevelTangents(model_, state.In, state.Touch, bound);
     SetGoalSide(state, score, lowest, false, bound);
-    DualSolver &solver = solvers_[depth];
+    DualSolver &solver = pairSolver_;
     solver.Linearize(model_, bound, state.Free);
     state.PairLeft = RemainingSides(bound, sums_[depth], LevelSumLimit(highest));
     state.PairTolerance = 1e-7 * (1 + std::fabs(state.PairLeft.Level));
@@ -218,8 +218,8 @@ void Searcher::SetPairing(int depth, NodeState &state, double score, int64_t low
     state.Pairing = true;
 }
 
-bool Searcher::PairingRulesOut(int depth, const NodeState &state, std::size_t index) const {
-    const DualSolver &solver = solvers_[depth];
+bool Searcher::PairingRulesOut(const NodeState &state, std::size_t index) const {
+    const DualSolver &solver = pairSolver_;
     const int first = state.Free.List[0];
     const std::vector<double> &goal = state.PairGoal;
     // The least level share of the second category's candidates that reach the need with this

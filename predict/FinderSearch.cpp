@@ -48,6 +48,7 @@ void Searcher::AdoptRoot(const Searcher &owner) {
     sums_ = owner.sums_;
     states_[root_] = owner.states_[root_];
     solvers_[root_] = owner.solvers_[root_];
+    pairSolver_ = owner.pairSolver_;
 }
 
 std::size_t Searcher::Tasks() const {
@@ -69,7 +70,7 @@ std::optional<std::size_t> Searcher::RunTask(std::size_t task) {
     const std::size_t child = task / Grandchildren();
     if (!entered_ || *entered_ != child) {
         LeaveRootChild();
-        const Verdict verdict = Judge(root_, states_[root_], child);
+        const Verdict verdict = Judge(states_[root_], child);
         if (verdict == Verdict::Stop)
             return child * Grandchildren();
         entered_ = child;
@@ -142,7 +143,7 @@ double Searcher::LaterGoalBound(const NodeState &state, int category, std::size_
     return model_.Score(current);
 }
 
-Searcher::Verdict Searcher::Judge(int depth, const NodeState &state, std::size_t index) const {
+Searcher::Verdict Searcher::Judge(const NodeState &state, std::size_t index) const {
     const int k = state.Free.List[0];
     const int slot = model_.Candidates(k)[index];
     if (!model_.Settings().Reuse && used_[static_cast<std::size_t>(slot)] != 0)
@@ -157,7 +158,7 @@ Searcher::Verdict Searcher::Judge(int depth, const NodeState &state, std::size_t
     if (state.FallingGoal && threshold_.Full && LaterGoalBound(state, k, index) < threshold_.Last.Score)
         return Verdict::Stop;
     // The cheaper tests first.
-    if (state.Pairing && PairingRulesOut(depth, state, index))
+    if (state.Pairing && PairingRulesOut(state, index))
         return Verdict::Skip;
     if (state.DualActive && solvers_[state.SolverDepth].ChildValue(state.Dual, k, index) > state.Dual.Tolerance)
         return Verdict::Skip;
@@ -184,7 +185,7 @@ void Searcher::Leave(int depth, std::size_t index) {
 }
 
 bool Searcher::Child(int depth, const NodeState &state, std::size_t index) {
-    const Verdict verdict = Judge(depth, state, index);
+    const Verdict verdict = Judge(state, index);
     if (verdict == Verdict::Enter) {
         Enter(depth, index);
         Node(depth + 1);

@@ -71,7 +71,7 @@ private:
     enum class Verdict { Enter, Skip, Stop }; // Stop: neither this child nor any later one
 
     void Node(int depth);
-    Verdict Judge(int depth, const NodeState &state, std::size_t index) const;
+    Verdict Judge(const NodeState &state, std::size_t index) const;
     void Enter(int depth, std::size_t index);
     void Leave(int depth, std::size_t index);
     std::size_t Grandchildren() const;
@@ -97,7 +97,7 @@ private:
     // The child's least weighted level already lies where no level is allowed.
     bool LevelRulesOut(const NodeState &state, int category, std::size_t index) const;
     void SetPairing(int depth, NodeState &state, double score, int64_t lowest, int64_t highest);
-    bool PairingRulesOut(int depth, const NodeState &state, std::size_t index) const;
+    bool PairingRulesOut(const NodeState &state, std::size_t index) const;
     void SetLeafFilter(int depth, NodeState &state, int64_t weightedLevel);
     // The highest score of this child and the later ones, when the goal falls.
     double LaterGoalBound(const NodeState &state, int category, std::size_t index) const;
@@ -114,6 +114,7 @@ private:
     std::array<Doubles10, kCategoryCount + 1> sums_{}; // per depth: contributions of the filled categories
     std::array<NodeState, kCategoryCount> states_{};
     std::array<DualSolver, kCategoryCount> solvers_{};
+    DualSolver pairSolver_;         // the shares of the one depth with two free categories
     std::vector<double> leafLevel_; // the leaves' linear lower bounds of the level sum
     // Room for the pairing's points.
     std::vector<std::pair<double, double>> pairPoints_;
