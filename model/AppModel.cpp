@@ -202,6 +202,10 @@ void AppModel::PutDnaInTemplate(Category category) {
     PutSample(category, library_.Selected());
 }
 
+void AppModel::PutSampleInTemplate(Category category, int slot) {
+    PutSample(category, library_.Records[static_cast<std::size_t>(std::clamp(slot, 0, kMaxSamples))]);
+}
+
 void AppModel::PutSample(Category category, const DnaRecord &record) {
     const CategoryView view = quorvel::PutDnaInTemplate(template_, category, record);
     Tell(&AppModelObserver::CategoryFilled, category, view);

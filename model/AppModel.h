@@ -173,6 +173,8 @@ public:
 
     // The template.
     void PutDnaInTemplate(Category category);
+    // The sample of library slot `slot` (0..500) into a category; the selection stays as it is.
+    void PutSampleInTemplate(Category category, int slot);
     // The selected sample into the first category whose slot is named "-".
     void PutDnaInFirstFreeSlot();
     void ClearTemplate(ClearScope scope, Category category = Category::Physique);

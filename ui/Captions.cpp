@@ -1,5 +1,7 @@
 #include "Captions.h"
 
+#include "EnumIndex.h"
+
 #include <array>
 
 QString SampleBoxCaption(int index) {
@@ -14,4 +16,9 @@ QString StatCaption(int index) {
         "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
         "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
     return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
+}
+
+QString CategoryName(quorvel::Category category) {
+    static constexpr std::array<const char *, 5> names{"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
+    return QString::fromLatin1(names.at(quorvel::Index(category)));
 }

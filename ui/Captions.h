@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Values.h"
+
 #include <QString>
 
 // The caption shown before a value: the ten attributes in their fixed order ("Hardiness:"
@@ -10,3 +12,6 @@ QString SampleBoxCaption(int index);
 // "Regen:", "Armor:", "To hit:", "Defense:", "State Resist:", "Critical hit:",
 // "Critical save:", "Aggro bonus:", "Damage:", "Level:".
 QString StatCaption(int index);
+
+// The name of a template category, Physique first.
+QString CategoryName(quorvel::Category category);

@@ -3,6 +3,7 @@
 #include "DnaListPanel.h"
 #include "DnaListView.h"
 #include "EditorPanel.h"
+#include "FindTemplateWindow.h"
 #include "Fonts.h"
 #include "Form2.h"
 #include "Form3.h"
@@ -150,6 +151,7 @@ void Form1::BuildToolbar() {
     addButton(QStringLiteral("Filter On"), QStringLiteral("filteron"))->setCheckable(true);
     addButton(QStringLiteral("No Sort"), QStringLiteral("nosort"), &Form1::NoSort);
     addButton(QStringLiteral("Add DNA"), QStringLiteral("adddna"), &Form1::ShowAddDna);
+    addButton(QStringLiteral("Find Template"), QStringLiteral("findtemplate"), &Form1::ShowFindTemplate);
     addButton(QStringLiteral("Stored Pets"), QStringLiteral("storedpets"), &Form1::ShowStoredPets);
     auto *views = new QActionGroup(Toolbar1);
     QAction *dnaView = addButton(QStringLiteral("DNA View"), QStringLiteral("dnaview"), &Form1::ShowDnaView);
@@ -246,8 +248,8 @@ void Form1::closeEvent(QCloseEvent *event) {
 
 void Form1::ExitApp() {
     // Each window runs its own closing steps; one that is already gone is skipped.
-    const std::array<QWidget *, 5> windows{form2_.data(), form3_.data(), form4_.data(), form5_.data(),
-                                           storedPets_.data()};
+    const std::array<QWidget *, 6> windows{form2_.data(), form3_.data(), form4_.data(), form5_.data(),
+                                           storedPets_.data(), finder_.data()};
     for (QWidget *window : windows) {
         if (window)
             window->close();

@@ -14,6 +14,7 @@
 class DnaListPanel;
 class QAction;
 class EditorPanel;
+class FindTemplateWindow;
 class Form2;
 class Form3;
 class Form4;
@@ -51,6 +52,7 @@ private slots:
     void ShowAddDna();
     void ShowStoredPets();
     void RecoverUnsavedSamples();
+    void ShowFindTemplate();
     void ShowDnaView();
     void ShowPetView();
     void ShowOptions();
@@ -103,6 +105,7 @@ private:
     QPointer<Form4> form4_;
     QPointer<Form5> form5_;
     QPointer<StoredPetsWindow> storedPets_;
+    QPointer<FindTemplateWindow> finder_;
     QAction *recover_ = nullptr;
     bool recovered_ = false; // the recovery file's samples are back in the library
     // Deleting and renaming stored pets can be undone for the whole run.
