@@ -40,6 +40,8 @@ QString SearchCaption(bool again) {
 
 FindTemplateWindow::FindTemplateWindow(quorvel::AppModel &model, ModelHub &hub, QWidget *parent)
     : QWidget(parent, Qt::Window), model_(model), job_(new FinderJob(this)) {
+    // The window follows neither the minimise nor the always-on-top option: the template it
+    // fills is in the main window, which stays in view beside it.
     SetUpSecondaryWindow(this, QStringLiteral("FindTemplateWindow"), QStringLiteral("Find Template"));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(BuildSettings());
