@@ -2,6 +2,7 @@
 
 #include "EnumIndex.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -54,6 +55,20 @@ struct DnaLibrary {
     // The record SelectedRecord names, kept inside slots 0..500.
     const DnaRecord &Selected() const;
     DnaRecord &Selected();
+
+    // The first slot whose sample has this name and these ten values (and this quality, when
+    // one is given); nothing when no sample does. Any array of ten whole numbers will do.
+    template <typename Values>
+    std::optional<int> FindSample(const std::string &name, const Values &values,
+                                  std::optional<float> quality = std::nullopt) const {
+        for (int slot = 1; slot <= Count; ++slot) {
+            const DnaRecord &record = Records[static_cast<std::size_t>(slot)];
+            if (record.Name == name && (!quality || record.Quality == *quality) &&
+                std::equal(record.Attributes.begin(), record.Attributes.end(), values.begin()))
+                return slot;
+        }
+        return std::nullopt;
+    }
 };
 
 } // namespace quorvel

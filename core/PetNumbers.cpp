@@ -53,10 +53,11 @@ std::optional<double> LastLevel(std::string_view text) {
 
 } // namespace
 
-PetNumbers ReadPetNumbers(const StoredPet &pet) {
+PetNumbers ReadStatNumbers(const std::array<std::string, kPetStatTexts> &shown) {
     PetNumbers numbers;
+    const auto text = [&shown](PetStat stat) -> const std::string & { return shown[static_cast<int>(stat)]; };
     const auto set = [&](PetColumn column, std::optional<double> value) { numbers[static_cast<int>(column)] = value; };
-    const auto leading = [&](PetColumn column, PetStat stat) { set(column, LeadingNumber(pet.Text(stat))); };
+    const auto leading = [&](PetColumn column, PetStat stat) { set(column, LeadingNumber(text(stat))); };
     leading(PetColumn::Health, PetStat::Health);
     leading(PetColumn::Regen, PetStat::Regen);
     leading(PetColumn::Armor, PetStat::Armor);
@@ -66,11 +67,15 @@ PetNumbers ReadPetNumbers(const StoredPet &pet) {
     leading(PetColumn::CriticalHit, PetStat::CriticalHit);
     leading(PetColumn::CriticalSave, PetStat::CriticalSave);
     leading(PetColumn::AggroBonus, PetStat::AggroBonus);
-    const auto damage = DamageRange(pet.Text(PetStat::Damage));
+    const auto damage = DamageRange(text(PetStat::Damage));
     set(PetColumn::DamageLow, damage[0]);
     set(PetColumn::DamageHigh, damage[1]);
-    set(PetColumn::Level, LastLevel(pet.Text(PetStat::Level)));
+    set(PetColumn::Level, LastLevel(text(PetStat::Level)));
     return numbers;
+}
+
+PetNumbers ReadPetNumbers(const StoredPet &pet) {
+    return ReadStatNumbers(pet.Shown);
 }
 
 bool HasAllStatistics(const PetNumbers &numbers) {

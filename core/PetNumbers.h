@@ -35,6 +35,9 @@ extern const std::array<const char *, kPetColumnCount> PetColumnNames;
 // with every equation off has none).
 using PetNumbers = std::array<std::optional<double>, kPetColumnCount>;
 
+// The numbers of the statistics panel's texts, Health .. Level.
+PetNumbers ReadStatNumbers(const std::array<std::string, kPetStatTexts> &shown);
+
 PetNumbers ReadPetNumbers(const StoredPet &pet);
 
 // True when every column but the level has its number: the reader's test of a stored pet.

@@ -166,17 +166,11 @@ std::optional<int> AppModel::NewDnaRecord() {
     DnaRecord &record = library_.Records[static_cast<std::size_t>(*slot)];
     record = DnaRecord{};
     record.Name = "New DNA";
-    libraryChanged_ = true;
-    if (sort_.Sorted) {
-        sort_.Sorted = false;
-        RebuildRows();
-    } else {
-        // The new row shows its number and name; its other cells stay empty until it is edited.
-        RowCells cells;
-        cells[Index(ListColumn::Slot)] = FormatWhole(*slot);
-        cells[Index(ListColumn::Name)] = record.Name;
-        Tell(&AppModelObserver::RowsAppended, std::vector<std::pair<int, RowCells>>{{*slot, cells}});
-    }
+    // The new row shows its number and name; its other cells stay empty until it is edited.
+    RowCells cells;
+    cells[Index(ListColumn::Slot)] = FormatWhole(*slot);
+    cells[Index(ListColumn::Name)] = record.Name;
+    ShowNewSample(*slot, cells);
     SelectRow(*slot, *slot);
     return slot;
 }
@@ -186,16 +180,19 @@ bool AppModel::AddDnaRecord(const DnaRecord &record) {
     if (!slot)
         return false;
     library_.Records[static_cast<std::size_t>(*slot)] = record;
+    ShowNewSample(*slot, EditedRowCells(record, *slot));
+    return true;
+}
+
+void AppModel::ShowNewSample(int slot, const RowCells &cells) {
     libraryChanged_ = true;
     // A sorted list is not written cell by cell: it is rebuilt in slot order.
     if (sort_.Sorted) {
         sort_.Sorted = false;
         RebuildRows();
     } else {
-        Tell(&AppModelObserver::RowsAppended,
-             std::vector<std::pair<int, RowCells>>{{*slot, EditedRowCells(record, *slot)}});
+        Tell(&AppModelObserver::RowsAppended, std::vector<std::pair<int, RowCells>>{{slot, cells}});
     }
-    return true;
 }
 
 void AppModel::PutDnaInTemplate(Category category) {

@@ -246,6 +246,8 @@ private:
     void PutSample(Category category, const DnaRecord &record);
     StatTexts PredictPet(const ValueArray &values, PredictionSource source);
     void RebuildRows();
+    // A sample appended by "New" or Add DNA: its row, or the whole list when it was sorted.
+    void ShowNewSample(int slot, const RowCells &cells);
     void WriteSelectedCell(ListColumn column);
     FileRead ReadDnaFileAt(const std::string &path, LoadMode mode);
 

@@ -12,11 +12,6 @@ bool IsEmpty(const TemplateSlot &slot) {
     return slot.Name == "-" || (slot.Name.empty() && noValues && slot.Quality == 0.0f);
 }
 
-bool Holds(const DnaRecord &record, const TemplateSlot &slot) {
-    return record.Name == slot.Name && record.Quality == slot.Quality &&
-           std::equal(record.Attributes.begin(), record.Attributes.end(), slot.Attributes.begin());
-}
-
 } // namespace
 
 LevelEquation PresetEquation(const Settings &settings) {
@@ -33,12 +28,9 @@ FilledSlots FilledCategorySlots(const DnaLibrary &library, const DnaTemplate &t)
         const TemplateSlot &slot = t.Slots[Index(category)];
         if (IsEmpty(slot))
             continue;
-        int &kept = result.Kept[Index(category)];
-        for (int s = 1; s <= library.Count && kept == 0; ++s) {
-            if (Holds(library.Records[static_cast<std::size_t>(s)], slot))
-                kept = s;
-        }
-        if (kept == 0)
+        if (const std::optional<int> kept = library.FindSample(slot.Name, slot.Attributes, slot.Quality))
+            result.Kept[Index(category)] = *kept;
+        else
             result.Missing.push_back(category);
     }
     return result;

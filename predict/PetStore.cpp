@@ -58,12 +58,7 @@ PetSamplesInLibrary FindPetSamples(const StoredPet &pet, const DnaLibrary &libra
         const PetSample &sample = pet.Samples[c];
         if (!HasSample(sample))
             continue;
-        for (int slot = 1; slot <= library.Count && !found.Slots[c]; ++slot) {
-            const DnaRecord &record = library.Records[slot];
-            if (record.Name == sample.Name &&
-                std::equal(record.Attributes.begin(), record.Attributes.end(), sample.Attributes.begin()))
-                found.Slots[c] = slot;
-        }
+        found.Slots[c] = library.FindSample(sample.Name, sample.Attributes);
         if (!found.Slots[c])
             found.Missing.push_back(c);
     }

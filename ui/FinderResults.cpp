@@ -2,7 +2,7 @@
 
 #include "Captions.h"
 #include "FinderSupport.h"
-#include "ReadNumber.h"
+#include "PetNumbers.h"
 #include "UiText.h"
 
 #include <QHeaderView>
@@ -31,15 +31,13 @@ public:
     }
 };
 
-// The number a statistic's text stands for: the damage range counts low + high, the others
-// their first number ("720 [640]", "12.5%", "5 (57)").
-double StatValue(int stat, const std::string &text) {
-    if (stat == static_cast<int>(quorvel::PetStat::Damage)) {
-        const std::size_t dash = text.find(" - ");
-        if (dash != std::string::npos)
-            return quorvel::ReadNumber(text.substr(0, dash)) + quorvel::ReadNumber(text.substr(dash + 3));
-    }
-    return quorvel::ReadNumber(text);
+// The number a statistic's column sorts by: the damage range counts low + high, the others
+// the figure in front of their text.
+double StatValue(const quorvel::PetNumbers &numbers, int stat) {
+    const auto at = [&numbers](quorvel::PetColumn column) { return numbers[static_cast<int>(column)].value_or(0.0); };
+    if (stat == static_cast<int>(quorvel::PetStat::Damage))
+        return at(quorvel::PetColumn::DamageLow) + at(quorvel::PetColumn::DamageHigh);
+    return numbers[stat].value_or(0.0);
 }
 
 void SetNumber(QTreeWidgetItem *row, int column, const std::string &text, double value) {
@@ -85,10 +83,9 @@ void ShowFoundTemplates(QTreeWidget *list, const quorvel::DnaLibrary &library,
             row->setToolTip(kFirstName + category, QStringLiteral("Sample %1 of the library").arg(slot));
         }
         const quorvel::StatTexts pet = quorvel::FoundTemplatePet(library, t.Slots, settings.Experimented, equations);
-        for (int stat = 0; stat < kStatColumns; ++stat) {
-            const std::string &text = pet[static_cast<std::size_t>(stat)];
-            SetNumber(row, kFirstStat + stat, text, StatValue(stat, text));
-        }
+        const quorvel::PetNumbers numbers = quorvel::ReadStatNumbers(pet);
+        for (int stat = 0; stat < kStatColumns; ++stat)
+            SetNumber(row, kFirstStat + stat, pet[static_cast<std::size_t>(stat)], StatValue(numbers, stat));
     }
     list->setSortingEnabled(true);
 }

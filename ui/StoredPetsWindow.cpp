@@ -1,6 +1,7 @@
 #include "StoredPetsWindow.h"
 
 #include "AppModel.h"
+#include "Captions.h"
 #include "ModelHub.h"
 #include "Numeric.h"
 #include "PetCommands.h"
@@ -31,7 +32,6 @@ constexpr int kNumberRole = Qt::UserRole + 1; // a statistic's number, for sorti
 constexpr int kFixedColumns = 3;              // name, source, date
 const QColor kBetterColour(0, 128, 0);
 const QColor kWorseColour(192, 0, 0);
-constexpr const char *kCategoryNames[kPetSamples] = {"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
 
 QString NumberText(double value) {
     return ShownNumber(FormatDouble(value));
@@ -265,9 +265,7 @@ void StoredPetsWindow::UsePet() {
     }
     QStringList parts;
     for (const Category category : missing) {
-        const std::size_t c = Index(category);
-        parts.append(
-            QStringLiteral("%1 \"%2\"").arg(QString::fromLatin1(kCategoryNames[c]), ToQt(pet.Samples[c].Name)));
+        parts.append(QStringLiteral("%1 \"%2\"").arg(CategoryName(category), ToQt(pet.Samples[Index(category)].Name)));
     }
     message_->setText(
         QStringLiteral("Not in the library: %1. The template is unchanged.").arg(parts.join(QStringLiteral(", "))));
