@@ -18,6 +18,8 @@ const std::array<const char *, kQualityCount> QualityTable = {
 const std::array<int16_t, kQualityCount> QualityWeights = {0, 1, 2, 3, 4, 5, 10, 0};
 
 const std::array<const char *, kOriginCount> OriginTable = {"Wild", "Mission"};
+const std::array<const char *, kCategoryNameCount> CategoryTable = {"Physique", "Prowess", "Mental", "Psychology",
+                                                                    "Aggressiveness"};
 
 int QualityIndex(float quality) {
     const double index = RoundHalfEven(static_cast<double>(quality));

@@ -10,11 +10,14 @@ namespace quorvel {
 constexpr int kPlanetCount = 12;
 constexpr int kQualityCount = 8;
 constexpr int kOriginCount = 2;
+constexpr int kCategoryNameCount = 5;
 
 extern const std::array<const char *, kPlanetCount> PlanetTable;   // 0 = "?"
 extern const std::array<const char *, kQualityCount> QualityTable; // entry 7 empty
 extern const std::array<int16_t, kQualityCount> QualityWeights;    // 0 1 2 3 4 5 10 0
 extern const std::array<const char *, kOriginCount> OriginTable;   // "Wild", "Mission"
+// The template categories, "Physique" .. "Aggressiveness".
+extern const std::array<const char *, kCategoryNameCount> CategoryTable;
 
 // The quality float rounded to a whole number, halves to even (2.5 -> 2, 6.5 -> 6);
 // -1 for a value that is no index at all (infinite, not a number, beyond a million).

@@ -3,6 +3,7 @@
 #include "Csv.h"
 #include "Numeric.h"
 #include "PetNumbers.h"
+#include "ReferenceTables.h"
 
 #include <charconv>
 #include <optional>
@@ -11,7 +12,6 @@ namespace quorvel {
 
 namespace {
 
-constexpr const char *kCategoryNames[kPetSamples] = {"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
 constexpr const char *kAttributeNames[kAttributeCount] = {"Hardiness",  "Fortitude",  "Dexterity",     "Endurance",
                                                           "Intellect",  "Cleverness", "Dependability", "Courage",
                                                           "Fierceness", "Power"};
@@ -26,7 +26,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // caps, Experimented, the eleven panel texts.
 std::vector<std::string> FileHeader() {
     std::vector<std::string> header = {"Name", "Source", "Date"};
-    for (const char *category : kCategoryNames) {
+    for (const char *category : CategoryTable) {
         header.push_back(std::string(category) + " sample");
         header.push_back(std::string(category) + " attributes");
     }
@@ -211,7 +211,7 @@ StoredPetsRead ReadStoredPets(std::string_view text) {
 std::string ExportStoredPets(const std::vector<StoredPet> &pets) {
     std::vector<std::string> header = {"Name", "Source", "Date"};
     header.insert(header.end(), PetColumnNames.begin(), PetColumnNames.end());
-    for (const char *category : kCategoryNames)
+    for (const char *category : CategoryTable)
         header.push_back(std::string(category) + " sample");
     std::string text(kByteOrderMark);
     text += CsvRecord(header);

@@ -1,6 +1,7 @@
 #include "Captions.h"
 
 #include "EnumIndex.h"
+#include "ReferenceTables.h"
 
 #include <array>
 
@@ -19,6 +20,5 @@ QString StatCaption(int index) {
 }
 
 QString CategoryName(quorvel::Category category) {
-    static constexpr std::array<const char *, 5> names{"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
-    return QString::fromLatin1(names.at(quorvel::Index(category)));
+    return QString::fromLatin1(quorvel::CategoryTable.at(quorvel::Index(category)));
 }

@@ -3,6 +3,7 @@
 #include "AppModel.h"
 #include "Fonts.h"
 #include "ModelHub.h"
+#include "ReferenceTables.h"
 #include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
@@ -30,8 +31,6 @@ QColor ColourOf(quorvel::BoxColour colour) {
     }
     return {255, 255, 255};
 }
-
-constexpr std::array<const char *, 5> kCategoryNames{"Physique", "Prowess", "Mental", "Psychology", "Aggressiveness"};
 
 // What a colour means: in a category row, or in the points column.
 QString ColourMeaning(quorvel::BoxColour colour, bool pointsColumn) {
@@ -123,7 +122,7 @@ void Form5::ShowSession() {
         PaintBox(Picture4[b], s.Points[b], QStringLiteral("Point box %1").arg(b + 1), true);
     for (std::size_t c = 0; c < Boxes.size(); ++c) {
         for (std::size_t b = 0; b < Boxes[c].size(); ++b) {
-            const QString place = QStringLiteral("%1 box %2").arg(QLatin1String(kCategoryNames[c])).arg(b + 1);
+            const QString place = QStringLiteral("%1 box %2").arg(QLatin1String(quorvel::CategoryTable[c])).arg(b + 1);
             PaintBox(Boxes[c][b], s.Rows[c][b], place, false);
             Boxes[c][b]->setHidden(!s.Visible[c][b]);
         }
