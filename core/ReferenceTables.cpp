@@ -20,6 +20,12 @@ const std::array<int16_t, kQualityCount> QualityWeights = {0, 1, 2, 3, 4, 5, 10,
 const std::array<const char *, kOriginCount> OriginTable = {"Wild", "Mission"};
 const std::array<const char *, kCategoryNameCount> CategoryTable = {"Physique", "Prowess", "Mental", "Psychology",
                                                                     "Aggressiveness"};
+const std::array<const char *, kAttributeNameCount> AttributeTable = {
+    "Hardiness",  "Fortitude",     "Dexterity", "Endurance",  "Intellect",
+    "Cleverness", "Dependability", "Courage",   "Fierceness", "Power"};
+const std::array<const char *, kStatNameCount> StatTable = {
+    "Health",       "Regen",         "Armor",       "To hit", "Defense", "State Resist",
+    "Critical hit", "Critical save", "Aggro bonus", "Damage", "Level"};
 
 int QualityIndex(float quality) {
     const double index = RoundHalfEven(static_cast<double>(quality));

@@ -12,12 +12,6 @@ namespace quorvel {
 
 namespace {
 
-constexpr const char *kAttributeNames[kAttributeCount] = {"Hardiness",  "Fortitude",  "Dexterity",     "Endurance",
-                                                          "Intellect",  "Cleverness", "Dependability", "Courage",
-                                                          "Fierceness", "Power"};
-constexpr const char *kStatNames[kPetStatTexts] = {"Health",      "Regen",        "Armor",        "To hit",
-                                                   "Defense",     "State Resist", "Critical hit", "Critical save",
-                                                   "Aggro bonus", "Damage",       "Level"};
 constexpr const char *kTemplateSource = "Template";
 constexpr const char *kSampleSource = "Sample";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -30,12 +24,12 @@ std::vector<std::string> FileHeader() {
         header.push_back(std::string(category) + " sample");
         header.push_back(std::string(category) + " attributes");
     }
-    for (const char *attribute : kAttributeNames)
+    for (const char *attribute : AttributeTable)
         header.emplace_back(attribute);
-    for (const char *attribute : kAttributeNames)
+    for (const char *attribute : AttributeTable)
         header.push_back(std::string(attribute) + " cap");
     header.emplace_back("Experimented");
-    for (const char *stat : kStatNames)
+    for (const char *stat : StatTable)
         header.emplace_back(stat);
     return header;
 }

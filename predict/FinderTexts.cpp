@@ -1,6 +1,7 @@
 #include "Finder.h"
 
 #include "Numeric.h"
+#include "ReferenceTables.h"
 
 #include <cstddef>
 
@@ -8,42 +9,26 @@ namespace quorvel {
 
 namespace {
 
-struct GoalWords {
-    const char *Name;
-    const char *Keyword;
-};
+// The goals' command-line words; their names are the statistics' names.
+constexpr std::array<const char *, kFinderGoalCount> kGoalKeywords{
+    "health",       "regen",         "armor",       "to-hit", "defense", "state-resist",
+    "critical-hit", "critical-save", "aggro-bonus", "damage", "level"};
 
-constexpr std::array<GoalWords, kFinderGoalCount> kGoalWords{{
-    {"Health", "health"},
-    {"Regen", "regen"},
-    {"Armor", "armor"},
-    {"To hit", "to-hit"},
-    {"Defense", "defense"},
-    {"State Resist", "state-resist"},
-    {"Critical hit", "critical-hit"},
-    {"Critical save", "critical-save"},
-    {"Aggro bonus", "aggro-bonus"},
-    {"Damage", "damage"},
-    {"Level", "level"},
-}};
-
-const GoalWords &WordsOf(FinderGoal goal) {
-    return kGoalWords[static_cast<std::size_t>(goal)];
-}
+static_assert(kFinderGoalCount == kStatNameCount);
 
 } // namespace
 
 std::string FinderGoalName(FinderGoal goal) {
-    return WordsOf(goal).Name;
+    return StatTable[static_cast<std::size_t>(goal)];
 }
 
 std::string FinderGoalKeyword(FinderGoal goal) {
-    return WordsOf(goal).Keyword;
+    return kGoalKeywords[static_cast<std::size_t>(goal)];
 }
 
 std::optional<FinderGoal> ParseFinderGoal(const std::string &keyword) {
-    for (std::size_t i = 0; i < kGoalWords.size(); ++i) {
-        if (keyword == kGoalWords[i].Keyword)
+    for (std::size_t i = 0; i < kGoalKeywords.size(); ++i) {
+        if (keyword == kGoalKeywords[i])
             return static_cast<FinderGoal>(i);
     }
     return std::nullopt;

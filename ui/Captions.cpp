@@ -6,17 +6,15 @@
 #include <array>
 
 QString SampleBoxCaption(int index) {
-    static constexpr std::array<const char *, 12> captions{
-        "Hardiness:",     "Fortitude:", "Dexterity:",  "Endurance:", "Intellect:", "Cleverness:",
-        "Dependability:", "Courage:",   "Fierceness:", "Power:",     "Name:",      "Level:"};
-    return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
+    static constexpr std::array<const char *, 2> sampleFields{"Name", "Level"};
+    const auto i = static_cast<std::size_t>(index);
+    const char *name = i < quorvel::AttributeTable.size() ? quorvel::AttributeTable[i]
+                                                          : sampleFields.at(i - quorvel::AttributeTable.size());
+    return QString::fromLatin1(name) + QLatin1Char(':');
 }
 
 QString StatCaption(int index) {
-    static constexpr std::array<const char *, 11> captions{
-        "Health:",       "Regen:",         "Armor:",       "To hit:", "Defense:", "State Resist:",
-        "Critical hit:", "Critical save:", "Aggro bonus:", "Damage:", "Level:"};
-    return QString::fromLatin1(captions.at(static_cast<std::size_t>(index)));
+    return QString::fromLatin1(quorvel::StatTable.at(static_cast<std::size_t>(index))) + QLatin1Char(':');
 }
 
 QString CategoryName(quorvel::Category category) {
