@@ -6,6 +6,7 @@
 #include "FinderResults.h"
 #include "FinderSupport.h"
 #include "ModelHub.h"
+#include "Twips.h"
 #include "UiText.h"
 #include "Widgets.h"
 
@@ -50,7 +51,7 @@ FindTemplateWindow::FindTemplateWindow(quorvel::AppModel &model, ModelHub &hub, 
     SetUpFoundTemplatesList(results_);
     layout->addWidget(results_, 1);
     layout->addLayout(BuildBottomRow());
-    resize(960, 480);
+    resize(TwipsToPx(14400), TwipsToPx(7200)); // 960 x 480 px at 100 %
 
     connect(job_, &FinderJob::progressed, this,
             [this](double fraction) { progress_->setValue(static_cast<int>(fraction * kProgressSteps)); });

@@ -6,6 +6,7 @@
 #include "Numeric.h"
 #include "PetCommands.h"
 #include "PetNumbers.h"
+#include "Twips.h"
 #include "UiText.h"
 #include "WholeFile.h"
 #include "Widgets.h"
@@ -79,7 +80,7 @@ QPushButton *MakeButton(QWidget *parent, QBoxLayout *row, const QString &name, c
 StoredPetsWindow::StoredPetsWindow(AppModel &model, ModelHub &hub, QUndoStack &undo, QString folder, QWidget *parent)
     : QWidget(parent), model_(model), undo_(undo), folder_(std::move(folder)) {
     SetUpSecondaryWindow(this, QStringLiteral("StoredPetsWindow"), QStringLiteral("Stored Pets"));
-    resize(960, 560);
+    resize(TwipsToPx(14400), TwipsToPx(8400)); // 960 x 560 px at 100 %
 
     QStringList headers = {QStringLiteral("Name"), QStringLiteral("Source"), QStringLiteral("Date")};
     for (const char *column : PetColumnNames)
@@ -100,7 +101,6 @@ StoredPetsWindow::StoredPetsWindow(AppModel &model, ModelHub &hub, QUndoStack &u
         statistics.append(QString::fromLatin1(column));
     comparison_->setVerticalHeaderLabels(statistics);
     comparison_->setSelectionMode(QAbstractItemView::NoSelection);
-    comparison_->setMaximumWidth(420);
 
     auto *buttons = new QHBoxLayout;
     rename_ = MakeButton(this, buttons, QStringLiteral("storedPetsRename"), QStringLiteral("Rename"));
@@ -190,6 +190,7 @@ void StoredPetsWindow::ShowComparison() {
     if (chosen.size() != 2) {
         comparison_->setHorizontalHeaderLabels(
             {QStringLiteral("First pet"), QStringLiteral("Second pet"), QStringLiteral("Difference")});
+        FitComparison();
         return;
     }
     const StoredPet &first = model_.StoredPets().at(chosen[0]);
@@ -211,7 +212,15 @@ void StoredPetsWindow::ShowComparison() {
             difference->setForeground(kWorseColour);
         comparison_->setItem(row, 2, difference);
     }
+    FitComparison();
+}
+
+// The comparison is as wide as its three columns, so that both pets and the difference show
+// side by side; the table of all pets takes the rest of the window.
+void StoredPetsWindow::FitComparison() {
     comparison_->resizeColumnsToContents();
+    comparison_->setFixedWidth(comparison_->verticalHeader()->sizeHint().width() +
+                               comparison_->horizontalHeader()->length() + 2 * comparison_->frameWidth());
 }
 
 void StoredPetsWindow::EnableButtons() {

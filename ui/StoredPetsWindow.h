@@ -27,6 +27,7 @@ public:
 private:
     void ShowPets();
     void ShowComparison();
+    void FitComparison();
     void EnableButtons();
     // The chosen pets' places in the model's list, in the order of the table's rows.
     std::vector<std::size_t> SelectedPets() const;

@@ -1,6 +1,7 @@
 // Takes the windows' screenshots for tools/screenshots.sh: the main window with the README
 // tour's template, the experimentation window in the middle of a session, Add DNA with its
 // live panel, Options and About. Usage: quorvel_screenshots OUTPUT_FOLDER SCALE_PERCENT
+#include "AppModel.h"
 #include "DisplayScale.h"
 #include "Form1.h"
 
@@ -20,6 +21,7 @@
 #include <QTreeWidget>
 
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -163,6 +165,20 @@ void TypeSample(QWidget *form2) {
     }
 }
 
+// The window `name` once it shows, made ready by `prepare`, saved and closed; false when it
+// did not show or could not be saved.
+bool SaveWindow(const QString &name, const QString &folder, const QString &file,
+                const std::function<void(QWidget *)> &prepare = {}) {
+    QWidget *window = Visible(name);
+    if (!window)
+        return false;
+    if (prepare)
+        prepare(window);
+    const bool saved = Save(window, folder, file);
+    window->close();
+    return saved;
+}
+
 } // namespace
 
 int main(int argc, char *argv[]) {
@@ -183,6 +199,7 @@ int main(int argc, char *argv[]) {
     settings.write("Load\r\n" + QFile::encodeName(QStringLiteral(QUORVEL_EXAMPLES "/starter-samples.txt")) +
                    "\r\nOld\r\nNew1\r\nNew2\r\nExp\r\n 8 \r\n");
     settings.close();
+    QFile::remove(QCoreApplication::applicationDirPath() + QStringLiteral("/quorvel-pets.csv"));
 
     ApplyDisplayScale(scale.toInt());
     Form1 form1;
@@ -193,30 +210,41 @@ int main(int argc, char *argv[]) {
     bool ok = Save(&form1, folder, QStringLiteral("main-%1.png").arg(scale));
 
     Click(form1.findChild<QWidget *>(QStringLiteral("Command7")));
-    QWidget *form5 = Visible(QStringLiteral("Form5"));
-    if (form5) {
-        SpendPoints(form5);
-        ok = Save(form5, folder, QStringLiteral("experiment-%1.png").arg(scale)) && ok;
-        form5->close();
-    } else {
-        ok = false;
-    }
+    ok = SaveWindow(QStringLiteral("Form5"), folder, QStringLiteral("experiment-%1.png").arg(scale), SpendPoints) && ok;
 
     Trigger(&form1, QStringLiteral("Add DNA"));
-    QWidget *form2 = Visible(QStringLiteral("Form2"));
-    if (form2) {
+    const auto typeLive = [](QWidget *form2) {
         Click(form2->findChild<QLabel *>(QStringLiteral("Label1")));
         TypeSample(form2);
-        ok = Save(form2, folder, QStringLiteral("adddna-%1.png").arg(scale)) && ok;
-        form2->close();
-    } else {
-        ok = false;
-    }
+    };
+    ok = SaveWindow(QStringLiteral("Form2"), folder, QStringLiteral("adddna-%1.png").arg(scale), typeLive) && ok;
+
+    Trigger(&form1, QStringLiteral("Find Template"));
+    const auto search = [](QWidget *finder) {
+        Click(finder->findChild<QWidget *>(QStringLiteral("finderSearch")));
+        auto *results = finder->findChild<QTreeWidget *>(QStringLiteral("finderResults"));
+        QTest::qWaitFor([results] { return results->topLevelItemCount() > 0; }, 10000);
+    };
+    ok = SaveWindow(QStringLiteral("FindTemplateWindow"), folder, QStringLiteral("finder-%1.png").arg(scale), search) &&
+         ok;
+
+    // Two pets of the tour's template, the second with its Physique emptied, side by side.
+    quorvel::AppModel &model = form1.Model();
+    model.StoreShownPet("Ridge Stalker team", "2026-11-25T12:00:00");
+    model.ClearTemplate(quorvel::ClearScope::OneCategory, quorvel::Category::Physique);
+    model.StoreShownPet("Without Physique", "2026-11-25T12:05:00");
+    Trigger(&form1, QStringLiteral("Stored Pets"));
+    const auto compare = [](QWidget *pets) {
+        auto *table = pets->findChild<QAbstractItemView *>(QStringLiteral("storedPetsTable"));
+        table->selectAll();
+    };
+    ok =
+        SaveWindow(QStringLiteral("StoredPetsWindow"), folder, QStringLiteral("pets-%1.png").arg(scale), compare) && ok;
 
     Trigger(&form1, QStringLiteral("Options"));
-    ok = Save(Visible(QStringLiteral("Form3")), folder, QStringLiteral("options-%1.png").arg(scale)) && ok;
+    ok = SaveWindow(QStringLiteral("Form3"), folder, QStringLiteral("options-%1.png").arg(scale)) && ok;
     Trigger(&form1, QStringLiteral("About"));
-    ok = Save(Visible(QStringLiteral("Form4")), folder, QStringLiteral("about-%1.png").arg(scale)) && ok;
+    ok = SaveWindow(QStringLiteral("Form4"), folder, QStringLiteral("about-%1.png").arg(scale)) && ok;
     form1.close();
     return ok ? 0 : 1;
 }
