@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include <algorithm>
+#include <string>
 #include <tuple>
+#include <vector>
 
 using namespace quorvel;
 

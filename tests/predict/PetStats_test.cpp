@@ -5,9 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
-
 #include <tuple>
+#include <vector>
 
 using namespace quorvel;
 

@@ -235,6 +235,20 @@ int RowCount(QAbstractItemView *view) {
     return view->model()->rowCount();
 }
 
+QString RowText(QAbstractItemView *view, int row, const QList<int> &columns) {
+    QStringList texts;
+    for (int column : columns)
+        texts << Cell(view, row, column);
+    return texts.join(QLatin1Char('|'));
+}
+
+QString ColumnText(QAbstractItemView *view, int column) {
+    QStringList texts;
+    for (int row = 1; row <= RowCount(view); ++row)
+        texts << Cell(view, row, column);
+    return texts.join(QLatin1Char('|'));
+}
+
 void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName) {
     AnswerFileDialog(WriteDnaFile(fileName, lines));
     ToolbarAction(form, QStringLiteral("Load"))->trigger();

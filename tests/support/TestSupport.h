@@ -84,6 +84,9 @@ bool DropOn(QWidget *target);
 // Text of row `row` (from 1) and column `column` of a report list.
 QString Cell(QAbstractItemView *view, int row, int column);
 int RowCount(QAbstractItemView *view);
+// Cells joined by '|': of these columns in one row, or of one column in every row.
+QString RowText(QAbstractItemView *view, int row, const QList<int> &columns);
+QString ColumnText(QAbstractItemView *view, int column);
 
 // Writes the lines to a DNA file and loads it through the toolbar's "Load" and its dialog.
 void LoadSamples(Form1 *form, const QStringList &lines, const QString &fileName = QStringLiteral("samples.txt"));

@@ -12,7 +12,6 @@ using namespace testsupport;
 class TestDesktop : public WindowTest {
     Q_OBJECT
 
-    // Quality 2.5 and Intellect 95 / Hardiness 412 give decimals in the file and in the prediction.
     static inline const QString kSample = QStringLiteral("412,388,270,301,95,102,340,298,415,502,Kusak,18,7,0,2.5");
 
     // A key pressed in the main window, made the active window first as a user's click would.
@@ -25,18 +24,17 @@ class TestDesktop : public WindowTest {
 private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
+    // The keys run the toolbar's commands; the window shows the user's decimal comma, the file keeps the point.
     void keysRunTheToolbarCommandsAndFilesKeepTheDecimalPoint() {
         const QString file = WriteDnaFile(QStringLiteral("keys.txt"), {kSample});
         auto form = MakeForm1();
         AnswerFileDialog(file);
         Press(form.get(), QKeySequence(QKeySequence::Open));
-        // The window shows the user's decimal comma: 95 / 12 + 412 / 60 rounded to two decimals.
         QLocale::setDefault(QLocale(QLocale::German));
         ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 1);
         QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Label3"))));
+        // 95 / 12 + 412 / 60, rounded to two decimals.
         QCOMPARE(TextOf(form.get(), QStringLiteral("Label23_5")), QStringLiteral("14,78%"));
-
-        // Save writes the loaded file again, with its decimal point and without a dialog; Save As asks for a name.
         QVERIFY(QFile::remove(file));
         AnswerMessageBox(QMessageBox::Ok);
         Press(form.get(), QKeySequence(QKeySequence::Save));
@@ -46,9 +44,13 @@ private slots:
         AnswerMessageBox(QMessageBox::Yes);
         Press(form.get(), QKeySequence(QStringLiteral("Ctrl+Shift+S")));
         QCOMPARE(ReadFileBytes(copy), kSample.toLatin1() + "\r\n");
+        // F1 and About open one About window.
         Press(form.get(), QKeySequence(Qt::Key_F1));
-        QVERIFY(TopLevel(QStringLiteral("Form4")));
-        // Quit runs the window's closing steps.
+        ToolbarAction(form.get(), QStringLiteral("About"))->trigger();
+        QWidget *about = TopLevel(QStringLiteral("Form4"));
+        QCOMPARE(TextOf(about, QStringLiteral("Label4")), QStringLiteral("v0.55.1"));
+        ClickWidget(Find<QWidget>(about, QStringLiteral("Command4")));
+        QTRY_VERIFY(!TopLevel(QStringLiteral("Form4")));
         Press(form.get(), QKeySequence(QStringLiteral("Ctrl+Q")));
         QVERIFY(!form->isVisible());
     }
@@ -58,8 +60,7 @@ private slots:
         ToolbarAction(form.get(), QStringLiteral("Add DNA"))->trigger();
         ToolbarAction(form.get(), QStringLiteral("Options"))->trigger();
         ClickWidget(Find<QWidget>(form.get(), QStringLiteral("Command8")));
-        // Every named box a user types into or moves carries a name for screen readers
-        // (the toolkit's own scroll bars and inner lines have no objectName or a qt_ one).
+        // The toolkit's own scroll bars and inner lines have no objectName or a qt_ one.
         for (const char *name : {"Form1", "Form2", "Form3", "Form5"})
             for (QWidget *w : TopLevel(QLatin1String(name))->findChildren<QWidget *>())
                 if (!w->objectName().isEmpty() && !w->objectName().startsWith(QLatin1String("qt_")) &&

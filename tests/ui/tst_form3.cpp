@@ -1,10 +1,12 @@
-// The Options window, opened from the toolbar: what it shows, what "Save" and "Cancel" keep,
-// and what the main window writes at exit afterwards.
+// The Options window: what it shows, what "Save" and "Cancel" keep, and what the main window
+// writes at exit afterwards; the display scale goes to the user's preferences, not the file.
 #include "TestSupport.h"
 
+#include "DisplayScale.h"
 #include "Form1.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QScrollBar>
 
 using namespace testsupport;
@@ -20,10 +22,14 @@ class TestForm3 : public WindowTest {
         return TopLevel(QStringLiteral("Form3"));
     }
 
-    // Ticks boxes 0, 1, 6 and 7 (clicks in their middle), moves the points up a page and a step, and presses a button.
+    // Ticks boxes 0, 1, 6 and 7, moves the points up a page and a step, picks 175 % and presses a button.
     static void ChangeAndPress(QWidget *form3, const char *button) {
         for (int i : {0, 1, 6, 7})
             ClickWidget(Box(form3, i));
+        auto *scale = Find<QComboBox>(form3, QStringLiteral("DisplayScaleBox"));
+        // With nothing stored the box follows the screen (96 dots per inch here).
+        QCOMPARE(scale->currentText(), QStringLiteral("100 %"));
+        scale->setCurrentIndex(scale->findText(QStringLiteral("175 %")));
         Scroll(form3)->triggerAction(QAbstractSlider::SliderPageStepAdd);
         Scroll(form3)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
         QCOMPARE(TextOf(form3, QStringLiteral("Label3")), QStringLiteral("5"));
@@ -50,6 +56,7 @@ private slots:
         QVERIFY(form->Model().Settings().Options == quorvel::Settings().Options &&
                 form->Model().Settings().ExpPoints == 1);
         ChangeAndPress(OpenOptions(form.get()), "Command4");
+        QCOMPARE(PreferredDisplayScale(), 175);
         form->close();
         QCOMPARE(ReadFileBytes(SettingsPath()), QByteArray("Min\r\nOnTop\r\nOld\r\nNew1\r\nExp\r\n 5 \r\n"));
     }

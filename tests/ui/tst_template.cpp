@@ -9,11 +9,12 @@
 #include <QTreeWidget>
 
 using namespace testsupport;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kUneven = QStringLiteral("512,340,300,200,100,110,120,130,140,150,Uneven,20,1,1,3");
-const QString kEven = QStringLiteral("500,500,500,500,500,500,500,500,500,500,Even,10,1,0,2");
+const QString kUneven = u"512,340,300,200,100,110,120,130,140,150,Uneven,20,1,1,3"_s;
+const QString kEven = u"500,500,500,500,500,500,500,500,500,500,Even,10,1,0,2"_s;
 
 // The seven experiment buttons are enabled and disabled together.
 bool ExperimentButtons(Form1 *form, bool enabled) {
@@ -29,38 +30,64 @@ bool ExperimentButtons(Form1 *form, bool enabled) {
 class TestTemplate : public WindowTest {
     Q_OBJECT
 
-    static QListWidget *Category(Form1 *f, int i) { return Find<QListWidget>(f, QStringLiteral("List1_%1").arg(i)); }
-    static QString Label14(Form1 *f, int i) { return TextOf(f, QStringLiteral("Label14_%1").arg(i)); }
+    static QListWidget *Category(Form1 *f, int i) { return Find<QListWidget>(f, u"List1_%1"_s.arg(i)); }
+    static QString Name(Form1 *f, int i) {
+        return Category(f, i)->count() ? Category(f, i)->item(0)->text() : QString();
+    }
+    static QString Label14(Form1 *f, int i) { return TextOf(f, u"Label14_%1"_s.arg(i)); }
+    static void DoubleClickList(QListWidget *list) {
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->viewport()->rect().center());
+    }
 
 private slots:
-    void menuAndDropsPlaceTheSample() {
+    // The menu, drops on a picture or a list (whatever was dragged) and double-clicks on the DNA
+    // list, which fill the first empty category; the buttons wait for all five.
+    void menuDropsAndDoubleClicksFillTheTemplate() {
         auto form = MakeForm1();
-        LoadSamples(form.get(), {kUneven, kEven});
-        SendToCategory(form.get(), 1, 0);
-        QListWidget *physique = Category(form.get(), 0);
-        QCOMPARE(physique->count(), 6);
-        QCOMPARE(physique->item(1)->text(), QStringLiteral("Hrd:512  |  Frt:340"));
-        QCOMPARE(physique->currentRow(), 1);
-        // 0.4 x 340 + 0.4 x 512 = 340.8, rounded down, in white as the box's own pair.
-        auto *own = Find<QLabel>(form.get(), QStringLiteral("Label43_0"));
-        QCOMPARE(own->text(), QStringLiteral("340"));
+        auto *list = Find<QTreeWidget>(form.get(), u"ListView1"_s);
+        LoadSamples(form.get(), {QString(kEven).replace(u"Even"_s, u"Twin"_s), kEven});
+        SendToCategory(form.get(), 2, 0);
+        QCOMPARE(Category(form.get(), 0)->count(), 6);
+        QCOMPARE(Category(form.get(), 0)->currentRow(), 1);
+        // The box's own pair shows in white.
+        auto *own = Find<QLabel>(form.get(), u"Label43_0"_s);
+        QCOMPARE(own->text(), u"400"_s);
         QCOMPARE(own->palette().color(QPalette::WindowText), QColor(Qt::white));
-
-        // A drop on a picture or a list places the selected sample, whatever was dragged.
-        QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Picture1_1"))));
-        QCOMPARE(Category(form.get(), 1)->item(0)->text(), QStringLiteral("Uneven"));
-        ClickRow(Find<QTreeWidget>(form.get(), QStringLiteral("ListView1")), 2);
+        QVERIFY(DropOn(Find<QWidget>(form.get(), u"Picture1_1"_s)));
+        ClickRow(list, 1);
         QVERIFY(DropOn(Category(form.get(), 3)->viewport()));
-        QCOMPARE(Category(form.get(), 3)->item(0)->text(), QStringLiteral("Even"));
+        DoubleClickRow(list, 1);
         QVERIFY(ExperimentButtons(form.get(), false));
+        DoubleClickRow(list, 1);
+        QVERIFY(ExperimentButtons(form.get(), true));
+        QStringList names;
+        for (int i = 0; i < 5; ++i)
+            names << Name(form.get(), i);
+        QCOMPARE(names.join(u'|'), u"Even|Even|Twin|Twin|Twin"_s);
+        QCOMPARE(Label14(form.get(), 0), u"325 [500]"_s);
+        // "+" shows Physique's caps.
+        auto *toggle = Find<QPushButton>(form.get(), u"Command2_0"_s);
+        QTest::mouseClick(toggle, Qt::LeftButton);
+        QCOMPARE(toggle->text(), u"-"_s);
+        QCOMPARE(Label14(form.get(), 0), u"500 [500]"_s);
+
+        // A double-click on Mental's list empties only Mental and disables the buttons.
+        DoubleClickList(Category(form.get(), 2));
+        for (int i = 0; i < 5; ++i)
+            QCOMPARE(Category(form.get(), i)->count(), i == 2 ? 0 : 6);
+        QVERIFY(ExperimentButtons(form.get(), false));
+        ToolbarAction(form.get(), u"Clear"_s)->trigger();
+        for (int i = 0; i < 5; ++i)
+            QCOMPARE(Category(form.get(), i)->count(), 0);
+        QCOMPARE(Label14(form.get(), 0), u"0 [0]"_s);
     }
 
     // A category box tells its sample whole; a DNA list row its name when the column cuts it.
     void tooltipsShowTheWholeSample() {
         auto form = MakeForm1();
-        const QString longName = QStringLiteral("Old Dathomir Rancor Matriarch");
-        LoadSamples(form.get(), {kUneven, QStringLiteral("1,2,3,4,5,6,7,8,9,10,%1,20,1,1,3").arg(longName)});
-        auto *list = Find<QTreeWidget>(form.get(), QStringLiteral("ListView1"));
+        const QString longName = u"Old Dathomir Rancor Matriarch"_s;
+        LoadSamples(form.get(), {kUneven, u"1,2,3,4,5,6,7,8,9,10,%1,20,1,1,3"_s.arg(longName)});
+        auto *list = Find<QTreeWidget>(form.get(), u"ListView1"_s);
         const auto nameTip = [list](int row) { return list->model()->index(row - 1, 1).data(Qt::ToolTipRole); };
         QVERIFY(!nameTip(1).isValid());
         QCOMPARE(nameTip(2).toString(), longName);
@@ -68,54 +95,19 @@ private slots:
         QVERIFY(!nameTip(2).isValid());
 
         SendToCategory(form.get(), 2, 3);
-        const QString tip = longName + QStringLiteral("\nHardiness: 1, Fortitude: 2\nDexterity: 3, Endurance: 4\n"
-                                                      "Intellect: 5, Cleverness: 6\nDependability: 7, Courage: 8\n"
-                                                      "Fierceness: 9, Power: 10");
+        const QString tip = longName + u"\nHardiness: 1, Fortitude: 2\nDexterity: 3, Endurance: 4\n"
+                                       "Intellect: 5, Cleverness: 6\nDependability: 7, Courage: 8\n"
+                                       "Fierceness: 9, Power: 10"_s;
         QListWidget *psychology = Category(form.get(), 3);
-        auto *box = Find<QWidget>(form.get(), QStringLiteral("Picture1_3"));
-        QCOMPARE(psychology->toolTip(), tip);
-        QCOMPARE(psychology->accessibleDescription(), tip);
-        QCOMPARE(psychology->item(4)->toolTip(), tip);
-        QCOMPARE(box->toolTip(), tip);
-        QCOMPARE(box->accessibleDescription(), tip);
-        QVERIFY(Category(form.get(), 0)->toolTip().isEmpty());
-
-        QTest::mouseDClick(psychology->viewport(), Qt::LeftButton, Qt::NoModifier,
-                           psychology->viewport()->rect().center());
-        QVERIFY(psychology->toolTip().isEmpty() && box->accessibleDescription().isEmpty());
-    }
-
-    void doubleClicksFillTheTemplate() {
-        auto form = MakeForm1();
-        LoadSamples(form.get(), {kEven});
-        // A double-click on the DNA list fills the first empty category; the buttons wait for all five.
-        for (int i = 0; i < 5; ++i) {
-            QVERIFY(ExperimentButtons(form.get(), false));
-            DoubleClickRow(Find<QTreeWidget>(form.get(), QStringLiteral("ListView1")), 1);
-            QCOMPARE(Category(form.get(), i)->count(), 6);
+        auto *box = Find<QWidget>(form.get(), u"Picture1_3"_s);
+        for (QWidget *w : {static_cast<QWidget *>(psychology), box}) {
+            QCOMPARE(w->toolTip(), tip);
+            QCOMPARE(w->accessibleDescription(), tip);
         }
-        QVERIFY(ExperimentButtons(form.get(), true));
-        QCOMPARE(Label14(form.get(), 0), QStringLiteral("325 [500]"));
-
-        // "+" shows Physique's caps, "-" the current values again.
-        auto *toggle = Find<QPushButton>(form.get(), QStringLiteral("Command2_0"));
-        QTest::mouseClick(toggle, Qt::LeftButton);
-        QCOMPARE(toggle->text(), QStringLiteral("-"));
-        QCOMPARE(Label14(form.get(), 0), QStringLiteral("500 [500]"));
-        QTest::mouseClick(toggle, Qt::LeftButton);
-        QCOMPARE(Label14(form.get(), 0), QStringLiteral("325 [500]"));
-
-        // A double-click on Mental's list empties only Mental and disables the buttons.
-        QListWidget *mental = Category(form.get(), 2);
-        QTest::mouseDClick(mental->viewport(), Qt::LeftButton, Qt::NoModifier, mental->viewport()->rect().center());
-        for (int i = 0; i < 5; ++i)
-            QCOMPARE(Category(form.get(), i)->count(), i == 2 ? 0 : 6);
-        QVERIFY(ExperimentButtons(form.get(), false));
-
-        ToolbarAction(form.get(), QStringLiteral("Clear"))->trigger();
-        for (int i = 0; i < 5; ++i)
-            QCOMPARE(Category(form.get(), i)->count(), 0);
-        QCOMPARE(Label14(form.get(), 0), QStringLiteral("0 [0]"));
+        QCOMPARE(psychology->item(4)->toolTip(), tip);
+        QVERIFY(Category(form.get(), 0)->toolTip().isEmpty());
+        DoubleClickList(psychology);
+        QVERIFY(psychology->toolTip().isEmpty() && box->accessibleDescription().isEmpty());
     }
 };
 
