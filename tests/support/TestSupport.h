@@ -25,7 +25,7 @@ void WriteSettingsFile(const QByteArray &content);
 QString StoredPetsPath();
 QByteArray ReadFileBytes(const QString &path);
 
-// A new main window, shown, with the decimal point "." unless told otherwise.
+// A new main window, shown and exposed.
 std::unique_ptr<Form1> MakeForm1();
 
 // Fails the running test with a message (from helpers, which cannot use QFAIL).

@@ -43,7 +43,7 @@ class TestForm5 : public WindowTest {
     static QPushButton *Button(QWidget *w, const char *name) { return Find<QPushButton>(w, QLatin1String(name)); }
 
 private slots:
-    void templateSessionPlacesGivesBackRunsAndReturns() {
+    void templateSessionPlacesRunsAndReturns() {
         auto form = MakeForm1();
         LoadSamples(form.get(), {kSample});
         for (int c = 0; c < 5; ++c)
