@@ -44,7 +44,7 @@ std::string Line(const StoredPet &pet) {
 
 } // namespace
 
-TEST(StoredPetsFile, RoundTripQuotesEmptyCategoriesAndSampleCaps) {
+TEST(StoredPetsFile, RoundTripAndExport) {
     const std::vector<StoredPet> pets = {TemplatePet(), SamplePet()};
     const std::string text = WriteStoredPets(pets);
     EXPECT_TRUE(text.starts_with("Name,Source,Date,Physique sample,Physique attributes,Prowess sample,"));
@@ -52,64 +52,53 @@ TEST(StoredPetsFile, RoundTripQuotesEmptyCategoriesAndSampleCaps) {
     EXPECT_TRUE(Line(pets[0]).starts_with("\"Kaadu, \"\"the big one\"\"\",Template,2024-05-01T18:30:00,Kaadu,"
                                           "512 340 1 2 3 4 5 6 7 -8,-,0 0 0 0 0 0 0 0 0 0,\"Rancor\nA\","));
     EXPECT_TRUE(Line(pets[1]).ends_with(",50,,,,,,,,,,,00000,515,7,360 [0],25,20,7.92%,1.04%,0.88%,3%,-4 - 90,\r\n"));
-    const StoredPetsRead read = ReadStoredPets(text);
-    EXPECT_EQ(read.Pets, pets);
-    EXPECT_TRUE(read.BadLines.empty());
-    // A lone LF, a byte order mark, blank lines and no header at all read the same.
+    EXPECT_EQ(ReadStoredPets(text).Pets, pets);
+    // A byte order mark, lone LFs, blank lines, no header and no final line end read the same.
     std::string lf = "\xEF\xBB\xBF\n" + Line(pets[0]) + "\r\n\n" + Line(pets[1]);
     std::erase(lf, '\r');
-    EXPECT_EQ(ReadStoredPets(lf).Pets, pets);
-    EXPECT_TRUE(ReadStoredPets(lf).BadLines.empty());
+    lf.pop_back();
+    const StoredPetsRead read = ReadStoredPets(lf);
+    EXPECT_EQ(read.Pets, pets);
+    EXPECT_TRUE(read.BadLines.empty());
+
+    EXPECT_EQ(ExportStoredPets(pets),
+              "\xEF\xBB\xBFName,Source,Date,Health,Regen,Armor,To hit,Defense,State Resist,Critical hit,"
+              "Critical save,Aggro bonus,Damage low,Damage high,Level,Physique sample,Prowess sample,"
+              "Mental sample,Psychology sample,Aggressiveness sample\r\n"
+              "\"Kaadu, \"\"the big one\"\"\",Template,2024-05-01T18:30:00,4020,43,3000,107,106,50,4,4,12.5,88,"
+              "362,47.13,Kaadu,-,\"Rancor\nA\",,\r\n"
+              "Gurk,Sample,2024-05-02T08:00:00,515,7,360,25,20,7.92,1.04,0.88,3,-4,90,,Gurk,,,,\r\n");
 }
 
-TEST(StoredPetsFile, BadLinesAreSkippedAndNumberedTheRestKept) {
-    StoredPet good = TemplatePet();
-    good.Samples[2].Name = "Rancor A";
-    const std::string line = Line(good);
+// Each case stands between two good records of two lines each (a line feed in a quoted name),
+// so the line numbers also count the line feeds inside quotes.
+TEST(StoredPetsFile, BadRecordsAreSkippedAndTheirLinesNamed) {
+    const std::string good = Line(TemplatePet());
+    const std::string unended = good.substr(0, good.size() - 2);
     const auto spoilt = [&](const std::string &from, const std::string &to) {
-        std::string bad = line;
+        std::string bad = good;
         return bad.replace(bad.find(from), from.size(), to);
     };
-    const std::string withoutEnd = line.substr(0, line.size() - 2);
-    const std::string text = WriteStoredPets({}) +                    // 1: the header
-                             line + "just,a,few,fields\r\n" +         // 2, 3
-                             spoilt(",500,", ",5x0,") +               // 4
-                             "\"open quote,Template\r\n" + line +     // 5, and 6 which the quote must not swallow
-                             spoilt(" -8,", ",") +                    // 7: nine attributes
-                             spoilt(",4020,", ",much,") +             // 8
-                             spoilt(",01001,", ",0101,") +            // 9
-                             spoilt("49.78 / 50.2 / 47.13", "high") + // 10
-                             withoutEnd + ",,\r\n" +                  // 11: padding a spreadsheet adds
-                             withoutEnd + ",x\r\n" +                  // 12: a field too many
-                             "Name,Source\r\n" +                      // 13: a second header is no pet
-                             withoutEnd;                              // 14, no line end at the end
-    const StoredPetsRead read = ReadStoredPets(text);
-    EXPECT_EQ(read.BadLines, (std::vector<int>{3, 4, 5, 7, 8, 9, 10, 12, 13}));
-    EXPECT_EQ(read.Pets, std::vector<StoredPet>(4, good));
-
-    // A bad record over two lines (a line feed in a quoted name) is reported by both lines; line
-    // numbers go on counting the line feeds inside quotes.
-    const std::string twoLines = Line(TemplatePet());
-    std::string badTwoLines = twoLines;
-    badTwoLines.replace(badTwoLines.find(",500,"), 5, ",,");
-    const StoredPetsRead multi = ReadStoredPets(WriteStoredPets({}) + badTwoLines + twoLines + "x\r\n");
-    EXPECT_EQ(multi.BadLines, (std::vector<int>{2, 3, 6}));
-    EXPECT_EQ(multi.Pets, std::vector<StoredPet>{TemplatePet()});
-
-    for (const std::string &empty : {std::string(), WriteStoredPets({}), std::string("\r\n\r\n")}) {
-        EXPECT_TRUE(ReadStoredPets(empty).Pets.empty());
-        EXPECT_TRUE(ReadStoredPets(empty).BadLines.empty());
+    const struct {
+        std::string record;
+        std::vector<int> bad;
+    } cases[] = {
+        {"just,a,few,fields\r\n", {4}},
+        {"\"open quote,Template\r\n", {4}}, // the quote must not swallow the next record
+        {"Name,Source\r\n", {4}},           // a second header is no pet
+        {spoilt(",500,", ",5x0,"), {4, 5}}, // a bad record over two lines names both
+        {spoilt(" -8,", ","), {4, 5}},      // nine attributes
+        {spoilt(",4020,", ",much,"), {4, 5}},
+        {spoilt(",01001,", ",0101,"), {4, 5}},
+        {spoilt("49.78 / 50.2 / 47.13", "high"), {4, 5}},
+        {unended + ",x\r\n", {4, 5}}, // a field too many
+        {unended + ",,\r\n", {}},     // the padding a spreadsheet adds
+    };
+    for (const auto &c : cases) {
+        const StoredPetsRead read = ReadStoredPets(WriteStoredPets({}) + good + c.record + good);
+        EXPECT_EQ(read.BadLines, c.bad) << c.record;
+        EXPECT_EQ(read.Pets, std::vector<StoredPet>(c.bad.empty() ? 3 : 2, TemplatePet())) << c.record;
     }
-}
-
-TEST(StoredPetsFile, ExportGivesNumbersAsNumbers) {
-    const std::string text = ExportStoredPets({TemplatePet(), SamplePet()});
-    EXPECT_EQ(text, "\xEF\xBB\xBFName,Source,Date,Health,Regen,Armor,To hit,Defense,State Resist,Critical hit,"
-                    "Critical save,Aggro bonus,Damage low,Damage high,Level,Physique sample,Prowess sample,"
-                    "Mental sample,Psychology sample,Aggressiveness sample\r\n"
-                    "\"Kaadu, \"\"the big one\"\"\",Template,2024-05-01T18:30:00,4020,43,3000,107,106,50,4,4,12.5,88,"
-                    "362,47.13,Kaadu,-,\"Rancor\nA\",,\r\n"
-                    "Gurk,Sample,2024-05-02T08:00:00,515,7,360,25,20,7.92,1.04,0.88,3,-4,90,,Gurk,,,,\r\n");
 }
 
 TEST(ComparePets, DifferencesAreSecondMinusFirstAndALowerLevelIsBetter) {

@@ -5,57 +5,57 @@
 
 #include <QFile>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableWidget>
 
 using namespace testsupport;
+using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kHealth = 3; // the table's first statistic column
+constexpr int kLevel = 14;
 
 // Five samples of all-equal values 300, 350, .. 500 named S1 .. S5; `lastPower` changes S5's Power.
 QStringList FiveSamples(int lastPower = 500) {
     QStringList lines;
-    for (int i = 0; i < 5; ++i) {
-        const int value = 300 + 50 * i;
-        QStringList fields(10, QString::number(value));
-        if (i == 4)
-            fields[9] = QString::number(lastPower);
-        lines.append(fields.join(QLatin1Char(',')) + QStringLiteral(",S%1,10,1,0,2").arg(i + 1));
+    for (int i = 1; i <= 5; ++i) {
+        const int value = 250 + 50 * i;
+        lines.append(QStringList(9, QString::number(value)).join(u',') +
+                     u",%1,S%2,10,1,0,2"_s.arg(i == 5 ? lastPower : value).arg(i));
     }
     return lines;
 }
 
-void FillTemplate(Form1 *form) {
+// A main window with every level equation on and the five samples in the template, S1 in Physique.
+std::unique_ptr<Form1> FormWithTemplate() {
+    auto form = MakeForm1();
+    for (quorvel::Setting equation : {quorvel::Setting::Old, quorvel::Setting::New1, quorvel::Setting::New2})
+        form->Model().Settings()[equation] = true;
+    LoadSamples(form.get(), FiveSamples());
     for (int category = 0; category < 5; ++category)
-        SendToCategory(form, category + 1, category);
+        SendToCategory(form.get(), category + 1, category);
+    return form;
 }
 
-quorvel::StoredPet Pet(const std::string &name, const char *health, const char *level) {
+quorvel::StoredPet Pet(const std::string &name, const char *health) {
     quorvel::StoredPet pet;
     pet.Name = name;
     pet.Date = "2024-05-01T18:30:00";
-    pet.Samples[0] = {"S1", {}};
-    pet.Shown = {health, "43 (435)", "3000 [2697]", "107", "106", "50%", "4%", "4%", "12.5%", "88 - 362", level};
+    pet.Shown = {health, "43 (435)", "3000 [2697]", "107", "106", "50%", "4%", "4%", "12.5%", "88 - 362", "47"};
     return pet;
 }
 
 void WritePets(const std::vector<quorvel::StoredPet> &pets, const QByteArray &more = {}) {
     QFile file(StoredPetsPath());
     QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    const std::string text = quorvel::WriteStoredPets(pets);
-    file.write(QByteArray::fromStdString(text) + more);
+    file.write(QByteArray::fromStdString(quorvel::WriteStoredPets(pets)) + more);
 }
 
-std::vector<quorvel::StoredPet> PetsOnDisk() {
-    const QByteArray bytes = ReadFileBytes(StoredPetsPath());
-    return quorvel::ReadStoredPets(std::string_view(bytes.constData(), bytes.size())).Pets;
-}
-
-QWidget *OpenStoredPets(Form1 *form) {
-    ToolbarAction(form, QStringLiteral("Stored Pets"))->trigger();
-    return TopLevel(QStringLiteral("StoredPetsWindow"));
+QTableWidget *OpenStoredPets(Form1 *form) {
+    ToolbarAction(form, u"Stored Pets"_s)->trigger();
+    return Find<QTableWidget>(TopLevel(u"StoredPetsWindow"_s), u"storedPetsTable"_s);
 }
 
 // Clicks a row of a table (from 1), with Ctrl to add it to the rows chosen.
@@ -70,171 +70,125 @@ void ChooseRow(QTableWidget *table, int row, Qt::KeyboardModifiers modifiers = Q
 class TestStoredPets : public WindowTest {
     Q_OBJECT
 
-    static constexpr int kHealth = 3; // the table's first statistic column
-    static constexpr int kLevel = 14;
-
 private slots:
     void storingFromTheTemplateAndFromADroppedSample() {
-        auto form = MakeForm1();
-        for (quorvel::Setting equation : {quorvel::Setting::Old, quorvel::Setting::New1, quorvel::Setting::New2})
-            form->Model().Settings()[equation] = true;
-        auto *store = Find<QPushButton>(form.get(), QStringLiteral("Command1"));
-        QVERIFY(!store->isEnabled());
-        LoadSamples(form.get(), FiveSamples());
-        FillTemplate(form.get());
-        QVERIFY(store->isEnabled());
-
+        auto form = FormWithTemplate();
+        auto *store = Find<QPushButton>(form.get(), u"Command1"_s);
         // The default name: the Physique sample's and the level the table shows (the last figure).
-        const QString level = TextOf(form.get(), QStringLiteral("Label23_10")).section(QStringLiteral(" / "), -1);
+        const QString level = TextOf(form.get(), u"Label23_10"_s).section(u" / "_s, -1);
         QString offered;
-        AnswerInputDialog(QStringLiteral("S1 level ") + level, &offered);
+        AnswerInputDialog(u"S1 level "_s + level, &offered);
         ClickWidget(store);
-        QCOMPARE(offered, QStringLiteral("S1 level ") + level);
-
-        QWidget *window = OpenStoredPets(form.get());
-        QVERIFY(window);
-        auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
-        QCOMPARE(RowCount(table), 1);
-        QCOMPARE(Cell(table, 1, 1), QStringLiteral("Template"));
-        QCOMPARE(Cell(table, 1, kHealth), TextOf(form.get(), QStringLiteral("Label23_0")));
+        QCOMPARE(offered, u"S1 level "_s + level);
+        QTableWidget *table = OpenStoredPets(form.get());
+        QVERIFY(table);
         QCOMPARE(Cell(table, 1, kLevel), level);
 
-        // A dropped sample; the window follows while it is open. Cancel stores nothing.
-        ClickRow(Find<QAbstractItemView>(form.get(), QStringLiteral("ListView1")), 2);
-        QVERIFY(DropOn(Find<QWidget>(form.get(), QStringLiteral("Label3"))));
-        AnswerInputDialog(QStringLiteral("  Big, \"one\"  "), &offered);
+        // A dropped sample, the name trimmed; the window follows while it is open. Cancel stores nothing.
+        ClickRow(Find<QAbstractItemView>(form.get(), u"ListView1"_s), 2);
+        QVERIFY(DropOn(Find<QWidget>(form.get(), u"Label3"_s)));
+        AnswerInputDialog(u"  Big, \"one\"  "_s, &offered);
         ClickWidget(store);
-        QVERIFY(offered.startsWith(QStringLiteral("S2 level ")));
+        QVERIFY(offered.startsWith(u"S2 level "_s));
         AnswerInputDialog({}, nullptr, false);
         ClickWidget(store);
         QCOMPARE(RowCount(table), 2);
-        QCOMPARE(Cell(table, 2, 0), QStringLiteral("Big, \"one\""));
-        QCOMPARE(Cell(table, 2, 1), QStringLiteral("Sample"));
-        QCOMPARE(Cell(table, 2, kHealth), TextOf(form.get(), QStringLiteral("Label23_0")));
-
-        // Both are on disk at once; a whole-template clear leaves nothing to store.
-        const auto pets = PetsOnDisk();
-        QCOMPARE(pets.size(), std::size_t(2));
-        QCOMPARE(pets[1].Samples[0].Name, std::string("S2"));
-        ToolbarAction(form.get(), QStringLiteral("Clear"))->trigger();
+        QCOMPARE(Cell(table, 2, 0), u"Big, \"one\""_s);
+        QCOMPARE(Cell(table, 2, 1), u"Sample"_s);
+        QCOMPARE(Cell(table, 2, kHealth), TextOf(form.get(), u"Label23_0"_s));
+        // A whole-template clear leaves nothing to store.
+        ToolbarAction(form.get(), u"Clear"_s)->trigger();
         QVERIFY(!store->isEnabled());
     }
 
     void twoPetsSideBySideWithTheDifferencesColoured() {
         // A decimal comma: the figures follow the user's separator.
         QLocale::setDefault(QLocale(QLocale::German));
-        quorvel::StoredPet strong = Pet("Strong", "10000", "47.13");
+        quorvel::StoredPet strong = Pet("Strong", "10000");
         strong.Shown[5] = "50.1%";
-        WritePets({Pet("Weak", "900", "47.16"), strong});
+        WritePets({Pet("Weak", "900"), strong});
         auto form = MakeForm1();
-        QWidget *window = OpenStoredPets(form.get());
-        QVERIFY(window);
-        auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
-        QCOMPARE(RowCount(table), 2);
-
-        // Sorted by number, not by text ("900" would follow "10000").
-        QHeaderView *header = table->horizontalHeader();
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          QPoint(header->sectionViewportPosition(kHealth) + 5, header->height() / 2));
-        QCOMPARE(Cell(table, 1, kHealth), QStringLiteral("900"));
-        QCOMPARE(Cell(table, 2, kHealth), QStringLiteral("10000"));
-
+        QTableWidget *table = OpenStoredPets(form.get());
+        QVERIFY(table);
         ChooseRow(table, 1);
         ChooseRow(table, 2, Qt::ControlModifier);
-        auto *comparison = Find<QTableWidget>(window, QStringLiteral("storedPetsComparison"));
-        QCOMPARE(comparison->horizontalHeaderItem(0)->text(), QStringLiteral("Weak"));
-        QCOMPARE(comparison->horizontalHeaderItem(1)->text(), QStringLiteral("Strong"));
+        auto *comparison = Find<QTableWidget>(table->window(), u"storedPetsComparison"_s);
         const auto difference = [&](int row) { return comparison->item(row, 2); };
-        QCOMPARE(difference(0)->text(), QStringLiteral("+9100"));
+        QCOMPARE(comparison->horizontalHeaderItem(0)->text(), u"Weak"_s);
+        QCOMPARE(difference(0)->text(), u"+9100"_s);
         QCOMPARE(difference(0)->foreground().color(), QColor(0, 128, 0));
-        QCOMPARE(difference(5)->text(), QStringLiteral("+0,1")); // State Resist
-        QCOMPARE(difference(1)->text(), QStringLiteral("0"));
+        QCOMPARE(difference(5)->text(), u"+0,1"_s); // State Resist
+        QCOMPARE(difference(1)->text(), u"0"_s);
         QCOMPARE(difference(1)->foreground().style(), Qt::NoBrush);
-        // A lower level is the better one.
-        QCOMPARE(difference(11)->text(), QStringLiteral("-0,03"));
-        QCOMPARE(difference(11)->foreground().color(), QColor(0, 128, 0));
-
-        // The other way round the differences turn worse.
-        header->setSortIndicator(kHealth, Qt::DescendingOrder);
-        QCOMPARE(comparison->horizontalHeaderItem(0)->text(), QStringLiteral("Strong"));
-        QCOMPARE(difference(0)->text(), QStringLiteral("-9100"));
+        // Sorted by number ("900" would follow "10000" as text), the pets change places.
+        table->horizontalHeader()->setSortIndicator(kHealth, Qt::DescendingOrder);
+        QCOMPARE(comparison->horizontalHeaderItem(0)->text(), u"Strong"_s);
+        QCOMPARE(difference(0)->text(), u"-9100"_s);
         QCOMPARE(difference(0)->foreground().color(), QColor(192, 0, 0));
 
         // The export keeps "." and plain numbers whatever the separator on the screen.
-        const QString exported = TempFolder() + QStringLiteral("/pets.csv");
+        const QString exported = TempFolder() + u"/pets.csv"_s;
         AnswerFileDialog(exported);
-        ClickWidget(Find<QPushButton>(window, QStringLiteral("storedPetsExport")));
+        ClickWidget(Find<QPushButton>(table->window(), u"storedPetsExport"_s));
         QVERIFY(ReadFileBytes(exported).contains("\r\nWeak,Template,2024-05-01T18:30:00,900,43,3000,107,106,50,"));
     }
 
     void useWithASampleMissingChangesNothing() {
-        auto form = MakeForm1();
-        LoadSamples(form.get(), FiveSamples());
-        FillTemplate(form.get());
-        const QString health = TextOf(form.get(), QStringLiteral("Label23_0"));
-        AnswerInputDialog(QStringLiteral("Keeper"));
-        ClickWidget(Find<QPushButton>(form.get(), QStringLiteral("Command1")));
-
+        auto form = FormWithTemplate();
+        const QString health = TextOf(form.get(), u"Label23_0"_s);
+        AnswerInputDialog(u"Keeper"_s);
+        ClickWidget(Find<QPushButton>(form.get(), u"Command1"_s));
         // S5 now has another Power: it is not the sample the pet was made of.
         LoadSamples(form.get(), FiveSamples(499));
-        QWidget *window = OpenStoredPets(form.get());
-        QVERIFY(window);
-        auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
-        auto *use = Find<QPushButton>(window, QStringLiteral("storedPetsUse"));
+        QTableWidget *table = OpenStoredPets(form.get());
+        QVERIFY(table);
+        auto *use = Find<QPushButton>(table->window(), u"storedPetsUse"_s);
         QVERIFY(!use->isEnabled());
         ChooseRow(table, 1);
-        QVERIFY(use->isEnabled());
         ClickWidget(use);
-        QCOMPARE(TextOf(window, QStringLiteral("storedPetsMessage")),
-                 QStringLiteral("Not in the library: Aggressiveness \"S5\". The template is unchanged."));
+        QCOMPARE(TextOf(table->window(), u"storedPetsMessage"_s),
+                 u"Not in the library: Aggressiveness \"S5\". The template is unchanged."_s);
         QCOMPARE(form->Model().Template().Slots[0].Name, std::string("-"));
 
         LoadSamples(form.get(), FiveSamples());
         ClickWidget(use);
-        std::string names;
-        for (const quorvel::TemplateSlot &slot : form->Model().Template().Slots)
-            names += slot.Name;
-        QCOMPARE(names, std::string("S1S2S3S4S5"));
-        QCOMPARE(TextOf(form.get(), QStringLiteral("Label23_0")), health);
+        QCOMPARE(form->Model().Template().Slots[4].Name, std::string("S5"));
+        QCOMPARE(TextOf(form.get(), u"Label23_0"_s), health);
     }
 
     void deleteUndoRenameAndAFreshMainWindowReadsThemBack() {
-        WritePets({Pet("One", "100", "1"), Pet("Two", "200", "2"), Pet("Three", "300", "3")}, "not,a,pet\r\n");
+        WritePets({Pet("One", "100"), Pet("Two", "200"), Pet("Three", "300")}, "not,a,pet\r\n");
         auto form = MakeForm1();
-        // The bad line is skipped and reported, and the file as it was is kept aside.
-        const QString status = Find<QStatusBar>(form.get(), QStringLiteral("StatusBar1"))->currentMessage();
-        QVERIFY2(status.contains(QStringLiteral("line 5 was skipped")), qPrintable(status));
-        QVERIFY(ReadFileBytes(StoredPetsPath() + QStringLiteral(".bad")).endsWith("not,a,pet\r\n"));
-
-        QWidget *window = OpenStoredPets(form.get());
-        QVERIFY(window);
-        auto *table = Find<QTableWidget>(window, QStringLiteral("storedPetsTable"));
-        auto *undo = Find<QPushButton>(window, QStringLiteral("storedPetsUndo"));
-        QVERIFY(!undo->isEnabled());
+        // The bad line is skipped and reported; the file as it was stays aside when the pets are written.
+        const QString status = Find<QStatusBar>(form.get(), u"StatusBar1"_s)->currentMessage();
+        QVERIFY2(status.contains(u"line 5 was skipped"_s), qPrintable(status));
+        QTableWidget *table = OpenStoredPets(form.get());
+        QVERIFY(table);
         ChooseRow(table, 2);
-        ClickWidget(Find<QPushButton>(window, QStringLiteral("storedPetsDelete")));
+        ClickWidget(Find<QPushButton>(table->window(), u"storedPetsDelete"_s));
         QCOMPARE(RowCount(table), 2);
-        QCOMPARE(Cell(table, 2, 0), QStringLiteral("Three"));
-        QCOMPARE(PetsOnDisk().size(), std::size_t(2));
-        QVERIFY(ReadFileBytes(StoredPetsPath() + QStringLiteral(".bad")).endsWith("not,a,pet\r\n"));
+        QCOMPARE(Cell(table, 2, 0), u"Three"_s);
+        QVERIFY(ReadFileBytes(StoredPetsPath() + u".bad"_s).endsWith("not,a,pet\r\n"));
 
         ChooseRow(table, 1);
-        AnswerInputDialog(QStringLiteral("First"));
-        ClickWidget(Find<QPushButton>(window, QStringLiteral("storedPetsRename")));
-        QCOMPARE(Cell(table, 1, 0), QStringLiteral("First"));
+        AnswerInputDialog(u"First"_s);
+        ClickWidget(Find<QPushButton>(table->window(), u"storedPetsRename"_s));
+        QCOMPARE(Cell(table, 1, 0), u"First"_s);
+        auto *undo = Find<QPushButton>(table->window(), u"storedPetsUndo"_s);
         ClickWidget(undo);
-        QCOMPARE(Cell(table, 1, 0), QStringLiteral("One"));
+        QCOMPARE(Cell(table, 1, 0), u"One"_s);
         ClickWidget(undo);
         QVERIFY(!undo->isEnabled());
-        QCOMPARE(PetsOnDisk().size(), std::size_t(3));
 
+        // Every change was written: the next run reads the pets back, and no bad line.
         form.reset();
         form = MakeForm1();
-        table = Find<QTableWidget>(OpenStoredPets(form.get()), QStringLiteral("storedPetsTable"));
+        QCOMPARE(Find<QStatusBar>(form.get(), u"StatusBar1"_s)->currentMessage(), QString());
+        table = OpenStoredPets(form.get());
         QVERIFY(table);
         QCOMPARE(RowCount(table), 3);
-        QCOMPARE(Cell(table, 2, 0), QStringLiteral("Two"));
-        QCOMPARE(Cell(table, 2, kHealth), QStringLiteral("200"));
+        QCOMPARE(Cell(table, 2, 0), u"Two"_s);
+        QCOMPARE(Cell(table, 2, kHealth), u"200"_s);
     }
 };
 
