@@ -58,13 +58,6 @@ QTableWidget *OpenStoredPets(Form1 *form) {
     return Find<QTableWidget>(TopLevel(u"StoredPetsWindow"_s), u"storedPetsTable"_s);
 }
 
-// Clicks a row of a table (from 1), with Ctrl to add it to the rows chosen.
-void ChooseRow(QTableWidget *table, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    const QModelIndex index = table->model()->index(row - 1, 0);
-    table->scrollTo(index);
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, modifiers, table->visualRect(index).center());
-}
-
 } // namespace
 
 class TestStoredPets : public WindowTest {
@@ -110,8 +103,7 @@ private slots:
         auto form = MakeForm1();
         QTableWidget *table = OpenStoredPets(form.get());
         QVERIFY(table);
-        ChooseRow(table, 1);
-        ChooseRow(table, 2, Qt::ControlModifier);
+        table->selectAll();
         auto *comparison = Find<QTableWidget>(table->window(), u"storedPetsComparison"_s);
         const auto difference = [&](int row) { return comparison->item(row, 2); };
         QCOMPARE(comparison->horizontalHeaderItem(0)->text(), u"Weak"_s);
@@ -144,7 +136,7 @@ private slots:
         QVERIFY(table);
         auto *use = Find<QPushButton>(table->window(), u"storedPetsUse"_s);
         QVERIFY(!use->isEnabled());
-        ChooseRow(table, 1);
+        ClickRow(table, 1);
         ClickWidget(use);
         QCOMPARE(TextOf(table->window(), u"storedPetsMessage"_s),
                  u"Not in the library: Aggressiveness \"S5\". The template is unchanged."_s);
@@ -164,13 +156,13 @@ private slots:
         QVERIFY2(status.contains(u"line 5 was skipped"_s), qPrintable(status));
         QTableWidget *table = OpenStoredPets(form.get());
         QVERIFY(table);
-        ChooseRow(table, 2);
+        ClickRow(table, 2);
         ClickWidget(Find<QPushButton>(table->window(), u"storedPetsDelete"_s));
         QCOMPARE(RowCount(table), 2);
         QCOMPARE(Cell(table, 2, 0), u"Three"_s);
         QVERIFY(ReadFileBytes(StoredPetsPath() + u".bad"_s).endsWith("not,a,pet\r\n"));
 
-        ChooseRow(table, 1);
+        ClickRow(table, 1);
         AnswerInputDialog(u"First"_s);
         ClickWidget(Find<QPushButton>(table->window(), u"storedPetsRename"_s));
         QCOMPARE(Cell(table, 1, 0), u"First"_s);
