@@ -62,14 +62,24 @@ private slots:
         QCOMPARE(QString::fromStdString(form->Model().LastDnaFile()), mine);
     }
 
-    void aSaveLeavesNothingToRecover() {
-        WriteSettingsFile("Load\r\n" + QFile::encodeName(Mine()) + "\r\n");
+    void aSaveOrALoadLeavesNothingToRecover() {
+        const QString mine = Mine();
+        WriteSettingsFile("Load\r\n" + QFile::encodeName(mine) + "\r\n");
         auto form = MakeForm1();
         ClickWidget(Find<QWidget>(form.get(), u"Command4"_s));
         AnswerMessageBox(QMessageBox::Ok);
         ToolbarAction(form.get(), u"Save"_s)->trigger();
         form->close();
         QVERIFY(!QFile::exists(Recovery()));
+
+        // The last run's samples go once the user loads a file.
+        QFile::copy(mine, Recovery());
+        form = MakeForm1();
+        QVERIFY(Recover(form.get())->isEnabled());
+        Load(form.get(), mine);
+        QVERIFY(!QFile::exists(Recovery()));
+        QVERIFY(!Recover(form.get())->isEnabled());
+        QCOMPARE(Note(form.get()), QString());
     }
 
     void aRecoveryFileThatCannotBeWrittenChangesNothingElse() {
