@@ -2,6 +2,7 @@
 
 #include "Form1.h"
 
+#include <QFile>
 #include <QMenu>
 #include <QPushButton>
 
@@ -66,7 +67,7 @@ private slots:
         QCOMPARE(QString::fromStdString(form_->Model().LastDnaFile()), TempFolder() + u"/missing.txt"_s);
     }
 
-    void headerSortsAsTextNoSortRebuildsAndRightClickOpensTheMenu() {
+    void headerSortsAsTextNoSortRebuildsAndTheMenuDefaultsToPhysique() {
         form_ = MakeForm1();
         LoadSamples(form_.get(), kSamples);
         ClickHeader(List(), 4);
@@ -83,13 +84,8 @@ private slots:
         Trigger(u"No Sort"_s);
         QCOMPARE(form_->Model().Library().SelectedRow, 4);
         QCOMPARE(Column(4), u" 300| 500|  13|  70"_s);
-
-        ClickRow(List(), 2, Qt::RightButton);
-        auto *menu = Find<QMenu>(form_.get(), u"m_test"_s);
-        QTRY_VERIFY(menu->isVisible());
-        QCOMPARE(menu->defaultAction()->text(), u"Send to Physique"_s);
-        QCOMPARE(form_->Model().Library().SelectedRecord, 2);
-        menu->close();
+        // A right click opens the "Send to" menu (used by every test that fills the template).
+        QCOMPARE(Find<QMenu>(form_.get(), u"m_test"_s)->defaultAction()->text(), u"Send to Physique"_s);
     }
 
     void foldingKeepsExactHeightsAndPlaces() {
@@ -113,6 +109,43 @@ private slots:
         ClickWidget(Control(u"Label41"_s, editor));
         QCOMPARE(editor->geometry(), QRect(editor->x(), Px(form_->height() * 15 - 520), editor->width(), Px(135)));
         QVERIFY(qAbs(List()->height() - listHeight - 1310 / 15) <= 1);
+    }
+
+    // Appended after two samples; the vanished file and the folder are named by the settings
+    // file's Load entry and read at start-up, before anything else.
+    void badInputKeepsWhatWasRead_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("kept");
+        QTest::addColumn<int>("added");
+        QTest::addColumn<bool>("complete");
+        for (const BadDnaFile &bad : WriteBadDnaFiles()) {
+            const int kept = bad.atStart ? 0 : 2;
+            QTest::newRow(bad.tag) << bad.path << kept << std::min(bad.samples, 500 - kept) << bad.complete;
+        }
+    }
+
+    void badInputKeepsWhatWasRead() {
+        QFETCH(QString, path);
+        QFETCH(int, kept);
+        QFETCH(int, added);
+        QFETCH(bool, complete);
+        if (kept == 0)
+            WriteSettingsFile("Load\r\n" + QFile::encodeName(path) + "\r\n");
+        form_ = MakeForm1();
+        if (kept > 0) {
+            LoadSamples(form_.get(), kSamples.mid(0, 2));
+            AnswerFileDialog(path);
+            Trigger(u"Append DNA"_s);
+            QCOMPARE(Cell(List(), 2, 1), u"Low Hard"_s);
+        }
+        QCOMPARE(RowCount(List()), kept + added);
+        QCOMPARE(form_->windowTitle().endsWith(u"[%1]"_s.arg(path)), complete);
+        // Reading goes on afterwards with the next row number, while there is room.
+        if (kept + added == 500)
+            return;
+        AnswerFileDialog(WriteDnaFile(u"later.txt"_s, {GoodDnaLine()}));
+        Trigger(u"Append DNA"_s);
+        QCOMPARE(Cell(List(), kept + added + 1, 0), QString::number(kept + added + 1));
     }
 };
 

@@ -4,8 +4,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QStandardPaths>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -35,6 +38,13 @@ class TestSave : public WindowTest {
         form_ = MakeForm1();
         AnswerFileDialog(path);
         ToolbarAction(form_.get(), u"Load DNA"_s)->trigger();
+    }
+
+    // A key pressed in the main window, made the active window first as a user's click would.
+    static void Press(Form1 *form, const QKeySequence &keys) {
+        form->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form));
+        QTest::keySequence(form, keys);
     }
 
 private slots:
@@ -86,6 +96,69 @@ private slots:
         QVERIFY(boxText_.contains(path));
         QCOMPARE(ReadFileBytes(path), Lines(kSamples));
         QCOMPARE(QDir(TempFolder() + u"/kept"_s).entryList(QDir::Files), QStringList{u"kept.txt"_s});
+    }
+
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    // The keys run the toolbar's commands; the window shows the user's decimal comma, the file keeps the point.
+    void keysRunTheToolbarCommandsAndFilesKeepTheDecimalPoint() {
+        const QString file = WriteDnaFile(u"keys.txt"_s, {kSamples[0]});
+        auto form = MakeForm1();
+        AnswerFileDialog(file);
+        Press(form.get(), QKeySequence(QKeySequence::Open));
+        QLocale::setDefault(QLocale(QLocale::German));
+        ClickRow(Find<QAbstractItemView>(form.get(), u"ListView1"_s), 1);
+        QVERIFY(DropOn(Find<QWidget>(form.get(), u"Label3"_s)));
+        // 500 / 12 + 100 / 60, rounded to two decimals.
+        QCOMPARE(TextOf(form.get(), u"Label23_5"_s), u"43,33%"_s);
+        QVERIFY(QFile::remove(file));
+        AnswerMessageBox(QMessageBox::Ok);
+        Press(form.get(), QKeySequence(QKeySequence::Save));
+        QCOMPARE(ReadFileBytes(file), Lines({kSamples[0]}));
+        const QString copy = TempFolder() + u"/keys-copy.txt"_s;
+        AnswerFileDialog(copy);
+        AnswerMessageBox(QMessageBox::Yes);
+        Press(form.get(), QKeySequence(u"Ctrl+Shift+S"_s));
+        QCOMPARE(ReadFileBytes(copy), Lines({kSamples[0]}));
+        // F1 and About open one About window.
+        Press(form.get(), QKeySequence(Qt::Key_F1));
+        ToolbarAction(form.get(), u"About"_s)->trigger();
+        QWidget *about = TopLevel(u"Form4"_s);
+        QCOMPARE(TextOf(about, u"Label4"_s), u"v0.55.1"_s);
+        ClickWidget(Find<QWidget>(about, u"Command4"_s));
+        QTRY_VERIFY(!TopLevel(u"Form4"_s));
+        Press(form.get(), QKeySequence(u"Ctrl+Q"_s));
+        QVERIFY(!form->isVisible());
+    }
+
+    void boxesHaveAccessibleNames() {
+        auto form = MakeForm1();
+        ToolbarAction(form.get(), u"Add DNA"_s)->trigger();
+        ToolbarAction(form.get(), u"Options"_s)->trigger();
+        ClickWidget(Find<QWidget>(form.get(), u"Command8"_s));
+        // The toolkit's own scroll bars and inner lines have no objectName or a qt_ one.
+        for (const char *name : {"Form1", "Form2", "Form3", "Form5"})
+            for (QWidget *w : TopLevel(QLatin1StringView(name))->findChildren<QWidget *>())
+                if (!w->objectName().isEmpty() && !w->objectName().startsWith("qt_"_L1) &&
+                    (w->inherits("QComboBox") || w->inherits("QScrollBar") || w->inherits("QLineEdit")))
+                    QVERIFY2(!w->accessibleName().isEmpty(), qPrintable(w->objectName()));
+    }
+
+    void readOnlyProgramFolderKeepsSettingsWithTheUser() {
+        const QString folder = QCoreApplication::applicationDirPath();
+        const QFile::Permissions old = QFile::permissions(folder);
+        const QString userFile =
+            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/quorvel.cfg"_s;
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(folder, old); });
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+        if (QFileInfo(folder).isWritable())
+            QSKIP("the program's folder stays writable for this user (root)");
+        auto form = MakeForm1();
+        form->Model().Settings()[quorvel::Setting::LFocus] = true;
+        form->close();
+        QVERIFY(ReadFileBytes(userFile).startsWith("LFocus\r\n"));
+        QVERIFY(MakeForm1()->Model().Settings()[quorvel::Setting::LFocus]);
+        QVERIFY(QFile::remove(userFile));
     }
 };
 

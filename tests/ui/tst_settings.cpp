@@ -1,10 +1,13 @@
-// The settings file as the main window uses it at start and at exit; the text of the file
-// itself is pinned by the unit tests.
+// The settings file as the main window uses it at start and at exit, and the Options window;
+// the text of the file itself is pinned by the unit tests. The display scale goes to the
+// user's preferences, not the file.
 #include "TestSupport.h"
 
+#include "DisplayScale.h"
 #include "Form1.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -32,11 +35,25 @@ class TestSettings : public WindowTest {
         QTest::keyClick(combo->view(), key);
         QTest::keyClick(combo->view(), Qt::Key_Return);
     }
-    // Starts the program on this settings file, closes it and returns the file written at exit.
-    static QByteArray StartAndClose(const QByteArray &settings) {
-        WriteSettingsFile(settings);
-        MakeForm1()->close();
-        return ReadFileBytes(SettingsPath());
+    static QCheckBox *Box(QWidget *form3, int i) { return Find<QCheckBox>(form3, u"Check1_%1"_s.arg(i)); }
+    static QScrollBar *Scroll(QWidget *form3) { return Find<QScrollBar>(form3, u"HScroll1"_s); }
+    static QWidget *OpenOptions(QWidget *form1) {
+        ToolbarAction(form1, u"Options"_s)->trigger();
+        return TopLevel(u"Form3"_s);
+    }
+    // Ticks boxes 0, 1, 6 and 7, moves the points up a page and a step, picks 175 % and presses a button.
+    static void ChangeAndPress(QWidget *form3, const QString &button) {
+        for (int i : {0, 1, 6, 7})
+            ClickWidget(Box(form3, i));
+        auto *scale = Find<QComboBox>(form3, u"DisplayScaleBox"_s);
+        // With nothing stored the box follows the screen (96 dots per inch here).
+        QCOMPARE(scale->currentText(), u"100 %"_s);
+        scale->setCurrentIndex(scale->findText(u"175 %"_s));
+        Scroll(form3)->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        Scroll(form3)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        QCOMPARE(TextOf(form3, u"Label3"_s), u"5"_s);
+        ClickWidget(Find<QWidget>(form3, button));
+        QTRY_VERIFY(!TopLevel(u"Form3"_s));
     }
 
 private slots:
@@ -67,47 +84,57 @@ private slots:
         QCOMPARE(TextOf(form.get(), u"Label23_10"_s), u"40"_s);
         ChooseSkin(skins, Qt::Key_Home);
         QCOMPARE(TextOf(form.get(), u"Label23_10"_s), levels.section(u" / "_s, -1));
-        ToolbarAction(form.get(), u"Options"_s)->trigger();
-        QCOMPARE(Find<QScrollBar>(TopLevel(u"Form3"_s), u"HScroll1"_s)->value(), 8);
+        QCOMPARE(Scroll(OpenOptions(form.get()))->value(), 8);
         form->close();
         const QByteArray written = ReadFileBytes(SettingsPath());
         QCOMPARE(written.left(written.indexOf("Col")).count("\r\n"), 2);
         QCOMPARE(written.mid(written.indexOf("Col")), shipped.mid(shipped.indexOf("Col")));
     }
 
-    void theStartLoadsTheLastFileAndTakesLFocus() {
+    // The start takes LFocus and the last file; a maximised window keeps its normal place and
+    // size in twips, and the widths (no whole pixels) come back as read, a resized one as shown.
+    void theStartAndTheExitKeepLFocusTheFilePlaceAndWidths() {
         const QString path = WriteDnaFile(u"pets, old.txt"_s, {u"11,12,13,14,15,16,17,18,19,20,Beta,3,0,1,4"_s});
-        WriteSettingsFile(Lines({"LFocus", "Load", path.toLocal8Bit()}));
+        Bytes lines{"LFocus", "Load", path.toLocal8Bit(), "Col"};
+        for (int c = 0; c < 16; ++c)
+            lines += ' ' + QByteArray::number(400 + c * 97) + ' ';
+        lines += {"Size", " 1000 ", " 1000 ", " 12000 ", " 8000 ", "Exp", " 1 "};
+        WriteSettingsFile(Lines(lines));
         auto form = MakeForm1();
         QCOMPARE(Cell(List(form.get()), 1, 1), u"Beta"_s);
         QVERIFY(Find<QAbstractButton>(form.get(), u"Check1"_s)->isChecked());
         QVERIFY(!Find<QWidget>(form.get(), u"Command3"_s)->isEnabled());
-    }
-
-    void placesAndWidthsAreStableFromTheSecondStart() {
-        Bytes lines{"Size", "1000.5", "999", "11993", "8000", "Col"};
-        for (int c = 0; c < 16; ++c)
-            lines += QByteArray::number(c * 97 + 0.25);
-        const QByteArray first = StartAndClose(Lines(lines));
-        QVERIFY2(first.startsWith("Col\r\n 0 \r\n 97 \r\n") && first.contains("Size\r\n 1000.5 \r\n"), first);
-        QCOMPARE(StartAndClose(first), first);
-    }
-
-    // A maximised window keeps its normal place and size; a resized column is written as shown.
-    void maximisedWindowAndResizedColumn() {
-        Bytes lines = Bytes{"Col"} + Bytes(16, " 600 ");
-        lines += {"Size", " 1000 ", " 1000 ", " 12000 ", " 8000 ", "Exp", " 1 "};
-        WriteSettingsFile(Lines(lines));
-        auto form = MakeForm1();
-        QCOMPARE(form->geometry(), QRect(67, 67, 800, 533));
         form->resize(700, 533);
         List(form.get())->header()->resizeSection(3, 50);
         form->showMaximized();
         QTRY_VERIFY(form->isMaximized() && form->geometry().width() != 700);
         form->close();
-        lines[4] = " 750 ";
-        lines[20] = " 10500 ";
+        lines[7] = " 750 ";
+        lines[23] = " 10500 ";
         QCOMPARE(ReadFileBytes(SettingsPath()), Lines(lines));
+    }
+
+    void optionsShowTheCaptionsAndTheRangeAndOnlySaveKeepsTheChangesForTheFile() {
+        auto form = MakeForm1();
+        QWidget *form3 = OpenOptions(form.get());
+        QStringList captions;
+        for (int i = 0; i < 9; ++i)
+            captions << Box(form3, i)->text();
+        QCOMPARE(captions.join(u'|'),
+                 u"Minimize when I open the Exp./Add DNA window|Use Always on top as default|"
+                 "LostFocus edit function on by default|Load last used DNA file when I start the "
+                 "Quorvel|Remember column width|Remember window size and position|Old|New 1|New 2"_s);
+        QCOMPARE(Scroll(form3)->minimum(), 1);
+        QCOMPARE(Scroll(form3)->maximum(), 12);
+        // The opening alone brings the points without a file from 0 to 1.
+        QCOMPARE(form->Model().Settings().ExpPoints, 1);
+        ChangeAndPress(form3, u"Command1"_s);
+        QVERIFY(form->Model().Settings().Options == quorvel::Settings().Options &&
+                form->Model().Settings().ExpPoints == 1);
+        ChangeAndPress(OpenOptions(form.get()), u"Command4"_s);
+        QCOMPARE(PreferredDisplayScale(), 175);
+        form->close();
+        QCOMPARE(ReadFileBytes(SettingsPath()), QByteArray("Min\r\nOnTop\r\nOld\r\nNew1\r\nExp\r\n 5 \r\n"));
     }
 };
 

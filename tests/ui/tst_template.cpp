@@ -2,9 +2,11 @@
 
 #include "Form1.h"
 
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -14,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kUneven = u"512,340,300,200,100,110,120,130,140,150,Uneven,20,1,1,3"_s;
+// Sent to every category, kSample gives caps equal to its values.
+const QString kSample = u"1000,1000,450,460,500,500,600,600,800,100,Even,20,1,0,2"_s;
 const QString kEven = u"500,500,500,500,500,500,500,500,500,500,Even,10,1,0,2"_s;
 
 // The seven experiment buttons are enabled and disabled together.
@@ -23,6 +27,22 @@ bool ExperimentButtons(Form1 *form, bool enabled) {
         if (Find<QPushButton>(form, QLatin1String(name))->isEnabled() != enabled)
             return false;
     return true;
+}
+
+// Box colours by their centre pixel, Picture<picture>_0 up: W white, Y yellow, G green, - hidden.
+QString Colours(QWidget *window, int picture, int boxes = 10) {
+    QString letters;
+    for (int b = 0; b < boxes; ++b) {
+        auto *box = Find<QWidget>(window, u"Picture%1_%2"_s.arg(picture).arg(b));
+        const QImage image = box->grab().toImage();
+        const QColor c = image.pixelColor(image.rect().center());
+        letters += box->isHidden()           ? u'-'
+                   : c == QColor(Qt::white)  ? u'W'
+                   : c == QColor(Qt::yellow) ? u'Y'
+                   : c == QColor(Qt::green)  ? u'G'
+                                             : u'?';
+    }
+    return letters;
 }
 
 } // namespace
@@ -38,6 +58,10 @@ class TestTemplate : public WindowTest {
     static void DoubleClickList(QListWidget *list) {
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->viewport()->rect().center());
     }
+    // The Mental row is Picture7; the points column is Picture4.
+    static QString Mental(QWidget *w) { return Colours(w, 7); }
+    static QString Points(QWidget *w) { return Colours(w, 4, 12); }
+    static QPushButton *Button(QWidget *w, const char *name) { return Find<QPushButton>(w, QLatin1String(name)); }
 
 private slots:
     // The menu, drops on a picture or a list (whatever was dragged) and double-clicks on the DNA
@@ -108,6 +132,66 @@ private slots:
         QVERIFY(Category(form.get(), 0)->toolTip().isEmpty());
         DoubleClickList(psychology);
         QVERIFY(psychology->toolTip().isEmpty() && box->accessibleDescription().isEmpty());
+    }
+
+    void templateSessionPlacesRunsAndReturns() {
+        auto form = MakeForm1();
+        LoadSamples(form.get(), {kSample});
+        for (int c = 0; c < 5; ++c)
+            SendToCategory(form.get(), 1, c);
+        form->Model().Settings().ExpPoints = 5;
+        form->Model().Settings()[quorvel::Setting::Min] = true;
+        ClickWidget(Button(form.get(), "Command7"));
+        QWidget *window = TopLevel(u"Form5"_s);
+        QVERIFY(window);
+        QVERIFY(form->isMinimized());
+        QVERIFY(Button(window, "Command3")->isEnabled());
+        QVERIFY(!Button(window, "Command2")->isEnabled());
+        QCOMPARE(Points(window), u"YYYYYWWWWWWW"_s);
+        // Boxes beyond the category's cap are hidden.
+        QCOMPARE(Mental(window), u"YYYWWW----"_s);
+
+        // A click on a white box turns the row's first white box green.
+        ClickWidget(Find<QWidget>(window, u"Picture7_5"_s));
+        QCOMPARE(Mental(window), u"YYYGWW----"_s);
+        QCOMPARE(Points(window), u"YYYYWWWWWWWW"_s);
+        QVERIFY(Button(window, "Command2")->isEnabled());
+        // Run: Intellect and Cleverness (325 each) gain 70; the point stays spent.
+        ClickWidget(Button(window, "Command2"));
+        QCOMPARE(TextOf(window, u"Label14_4"_s), u"395 [500]"_s);
+        QCOMPARE(Mental(window), u"YYYWWW----"_s);
+        QCOMPARE(Points(window), u"YYYYWWWWWWWW"_s);
+
+        // Done restores the main window with its list focused and keeps the values in the template.
+        QPointer<QWidget> closing(window);
+        ClickWidget(Button(window, "Command1"));
+        QCOMPARE(QApplication::focusWidget(), Find<QWidget>(form.get(), u"ListView1"_s));
+        QTRY_VERIFY(closing.isNull());
+        QVERIFY(!form->isMinimized());
+        QCOMPARE(form->Model().Template().Current[quorvel::Index(quorvel::Attribute::Intellect)], 395);
+
+        // Clear Experiment returns the template to the evaluated values.
+        ClickWidget(Button(form.get(), "Command6"));
+        QCOMPARE(form->Model().Template().Current[quorvel::Index(quorvel::Attribute::Intellect)], 325);
+    }
+
+    void sampleSessionHasNoResetAndStaysOnTop() {
+        auto form = MakeForm1();
+        LoadSamples(form.get(), {kSample});
+        ClickRow(Find<QAbstractItemView>(form.get(), u"ListView1"_s), 1);
+        form->Model().Settings()[quorvel::Setting::OnTop] = true;
+        ClickWidget(Button(form.get(), "Command8"));
+        QWidget *window = TopLevel(u"Form5"_s);
+        QVERIFY(window);
+        QVERIFY(!Button(window, "Command3")->isEnabled());
+        auto *check = Find<QCheckBox>(window, u"Check1"_s);
+        QVERIFY(check->isChecked());
+        QVERIFY(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        for (bool onTop : {false, true}) {
+            QTest::mouseClick(check, Qt::LeftButton, Qt::NoModifier, QPoint(8, check->height() / 2));
+            QCOMPARE(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+            QTRY_VERIFY(window->isVisible());
+        }
     }
 };
 
