@@ -1,3 +1,5 @@
+// The sample editor of the main window and the Add DNA window: what they store and refuse,
+// and the main window while Add DNA is open. Statistics and sorting are unit-tested.
 #include "TestSupport.h"
 
 #include "DnaFile.h"
@@ -14,6 +16,8 @@ using namespace Qt::StringLiterals;
 // Power (column 11) is 45, 10 and 900: sorting by it changes the order.
 static const QStringList kSamples{u"100,200,300,400,500,600,700,800,900,45,Alpha,12,10,1,3"_s,
                                   u"1,2,3,4,5,6,7,8,9,10,Beta,2,1,0,2"_s, u"7,7,7,7,7,7,7,7,7,900,Gamma,1,0,0,7"_s};
+
+static const QList<int> kAllColumns{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 
 class TestEditor : public WindowTest {
     Q_OBJECT
@@ -40,6 +44,13 @@ class TestEditor : public WindowTest {
         QTest::keyClicks(box, text);
     }
     QString Row(int row, const QList<int> &columns) { return RowText(List(), row, columns); }
+    // The Add DNA window, opened from the toolbar, with its boxes.
+    QWidget *OpenAddDna() {
+        ToolbarAction(form_.get(), u"Add DNA"_s)->trigger();
+        QWidget *form2 = TopLevel(u"Form2"_s);
+        return form2 && QTest::qWaitForWindowActive(form2) ? form2 : nullptr;
+    }
+    static QLineEdit *Box(QWidget *form2, int i) { return Find<QLineEdit>(form2, u"Text1_%1"_s.arg(i)); }
 
 private slots:
     // Every control reaches the sample and its row through Edit; a number beyond 16 bits keeps the old value.
@@ -133,6 +144,57 @@ private slots:
         Click(u"Command4"_s);
         QCOMPARE(title, u"New DNA"_s);
         QCOMPARE(RowCount(List()), 2);
+    }
+
+    // The Add DNA window's "Save" stores the boxes and refuses what does not fit.
+    void addDnaStoresTheBoxesAndRefusesWhatDoesNotFit() {
+        form_ = MakeForm1();
+        QWidget *form2 = OpenAddDna();
+        // Empty boxes: every value 0, planet "?", no quality chosen (Poor), origin Wild.
+        ClickWidget(Find<QWidget>(form2, u"Command4"_s));
+        QCOMPARE(Row(1, kAllColumns), u"1||   0|   0|   0|   0|   0|   0|   0|   0|   0|   0|   0|?|Wild|Poor"_s);
+        // The quality box is left at "?", so the second save is Unknown.
+        QCOMPARE(Find<QComboBox>(form2, u"Combo1"_s)->currentText(), u"?"_s);
+        Box(form2, 9)->setText(u"-5"_s);
+        Box(form2, 10)->setText(u"Rex"_s);
+        ClickWidget(Find<QWidget>(form2, u"Option1_1"_s));
+        ClickWidget(Find<QWidget>(form2, u"Command4"_s));
+        QCOMPARE(Row(2, kAllColumns),
+                 u"2|Rex|   0|   0|   0|   0|   0|   0|   0|   0|   0|   -5|   0|?|Mission|Unknown"_s);
+        // A value out of range and a full library save nothing and say why.
+        Box(form2, 9)->setText(u"32768"_s);
+        QString text;
+        AnswerMessageBox(QMessageBox::Ok, nullptr, &text);
+        ClickWidget(Find<QWidget>(form2, u"Command4"_s));
+        QVERIFY2(text.contains("Power"_L1), qPrintable(text));
+        form_->Model().Library().Count = 500;
+        AnswerMessageBox(QMessageBox::Ok, nullptr, &text);
+        ClickWidget(Find<QWidget>(form2, u"Command4"_s));
+        QVERIFY2(text.contains("full"_L1), qPrintable(text));
+        QCOMPARE(RowCount(List()), 2);
+        QCOMPARE(Box(form2, 9)->text(), u"32768"_s);
+    }
+
+    void addDnaSwitchOutlivesTheWindowAndExitRestoresTheMainWindow() {
+        form_ = MakeForm1();
+        form_->Model().Settings()[quorvel::Setting::Min] = true;
+        QWidget *form2 = OpenAddDna();
+        QVERIFY(form_->isMinimized());
+        // ">>" widens the window and switches evaluation on: leaving a box refreshes the panel.
+        Box(form2, 0)->setText(u"100"_s);
+        ClickWidget(Find<QWidget>(form2, u"Label1"_s));
+        Box(form2, 2)->setFocus();
+        QTest::keyClicks(Box(form2, 2), u"50"_s);
+        Box(form2, 3)->setFocus();
+        QCOMPARE(TextOf(form2, u"Label23_0"_s), u"778"_s);
+        ClickWidget(Find<QWidget>(form2, u"Command1"_s));
+        QTRY_VERIFY(!TopLevel(u"Form2"_s));
+        QVERIFY(!form_->isMinimized());
+        // Reopened narrow, the switch is still on: ">>" now switches it off.
+        form2 = OpenAddDna();
+        QCOMPARE(form2->width(), 230);
+        ClickWidget(Find<QWidget>(form2, u"Label1"_s));
+        QVERIFY(!form_->Model().LiveEvaluation());
     }
 };
 
