@@ -48,6 +48,8 @@ class TestSave : public WindowTest {
     }
 
 private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
     void saveWritesTheLoadedFileAgainAndWysiwygTheShownOrder() {
         // Written by hand with a blank and a long quality: the save writes the plain form.
         const QString path = WriteDnaFile(
@@ -97,8 +99,6 @@ private slots:
         QCOMPARE(ReadFileBytes(path), Lines(kSamples));
         QCOMPARE(QDir(TempFolder() + u"/kept"_s).entryList(QDir::Files), QStringList{u"kept.txt"_s});
     }
-
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     // The keys run the toolbar's commands; the window shows the user's decimal comma, the file keeps the point.
     void keysRunTheToolbarCommandsAndFilesKeepTheDecimalPoint() {

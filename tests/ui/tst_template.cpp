@@ -1,3 +1,4 @@
+// The template panel of the main window and the experiment window it opens, also for one sample.
 #include "TestSupport.h"
 
 #include "Form1.h"
