@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
 #include <cmath>
 #include <random>
 #include <string>
@@ -184,33 +182,6 @@ TEST(Finder, SettingsThatCannotBeSearched) {
     FinderSettings one;
     one.FixedSlots[0] = 1;
     EXPECT_EQ(FinderSettingsError(DnaLibrary{}, one).value_or(""), "Slot 1 is not in the library, which is empty.");
-}
-
-TEST(Finder, CancelEndsTheSearchSoonAndKeepsARankedList) {
-    // A full library and a goal that fights the level limit: long enough to be cancelled.
-    std::mt19937 random(99);
-    const DnaLibrary library = RandomLibrary(random, kMaxSamples, {100, 999});
-    const FinderSettings settings{FinderGoal::Damage, 30, LevelEquation::Old, false, false, {}, 5};
-    std::atomic<bool> cancel{false};
-    using Clock = std::chrono::steady_clock;
-    Clock::time_point cancelledAt{};
-    const FinderResult result = FindTemplates(
-        library, settings,
-        [&](double fraction) {
-            EXPECT_TRUE(fraction >= 0.0 && fraction <= 1.0) << fraction;
-            if (!cancel.exchange(true))
-                cancelledAt = Clock::now();
-        },
-        &cancel);
-    EXPECT_LT(std::chrono::duration<double>(Clock::now() - cancelledAt).count(), 1.0);
-    ASSERT_TRUE(result.Cancelled);
-    EXPECT_LE(result.Templates.size(), 5u);
-    EXPECT_TRUE(std::is_sorted(result.Templates.begin(), result.Templates.end(), RanksBefore));
-
-    // Not cancelled, the last report is the whole.
-    double last = 0.0;
-    EXPECT_FALSE(FindTemplates(RandomLibrary(random, 9, {100, 999}), settings, [&](double f) { last = f; }).Cancelled);
-    EXPECT_EQ(last, 1.0);
 }
 
 TEST(FinderLevels, RangeQuestionsMatchLookingAtEveryLevel) {

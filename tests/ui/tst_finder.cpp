@@ -16,6 +16,7 @@
 #include <QSpinBox>
 
 #include <algorithm>
+#include <random>
 #include <set>
 
 using namespace testsupport;
@@ -39,19 +40,14 @@ constexpr int kFirstStat = 8;
 
 // The bench's kind of library: 500 samples of values 100 to 999.
 QStringList LargeLibrary() {
+    std::mt19937 random(12345);
+    std::uniform_int_distribution<int> value(100, 999);
     QStringList lines;
-    unsigned seed = 12345;
-    const auto next = [&seed](unsigned range) {
-        seed = seed * 1103515245u + 12345u;
-        return (seed >> 16) % range;
-    };
     for (int n = 1; n <= 500; ++n) {
         QStringList fields;
         for (int a = 0; a < 10; ++a)
-            fields << QString::number(100 + next(900));
-        fields << u"Sample %1"_s.arg(n) << QString::number(1 + next(60)) << QString::number(1 + next(11))
-               << QString::number(next(2)) << QString::number(next(7));
-        lines << fields.join(u',');
+            fields << QString::number(value(random));
+        lines << fields.join(u',') + u",Sample %1,%2,1,0,0"_s.arg(n).arg(n % 60 + 1);
     }
     return lines;
 }
