@@ -16,4 +16,4 @@ cmake --build build-asan -j"$(nproc)" --target tst_soak
 echo "soak: $actions actions, seed $seed"
 cd build-asan/tests/tst_soak
 ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-    QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 exec ./tst_soak -actions "$actions" -seed "$seed"
+    QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 QUORVEL_SOAK_ACTIONS="$actions" QUORVEL_SOAK_SEED="$seed" exec ./tst_soak
