@@ -155,6 +155,30 @@ TEST(Finder, SameListAsEvaluatingEveryTemplate) {
     }
 }
 
+// Libraries made for the bounds' edges: under a level limit, caps that all round down by
+// almost a half (experimented), and a template tied with the list's last score.
+TEST(Finder, SameListAtTheEdgesOfTheBounds) {
+    struct Case {
+        std::vector<AttributeArray> Samples;
+        FinderSettings Settings;
+    };
+    const Case cases[] = {
+        {{{}, {9, 9, 41, 41, 8, 28, 43, 43, 9}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 1000}},
+         {FinderGoal::Health, 3.61, LevelEquation::Old, true, true, {1, 1, 1, 0, 1}, 3}},
+        {{{30, 0, 0, 180}, {0, -50, -35, 110, 85, -60}, {80}, {130, 0, 150}, {50, 0, -80}, {70, 0, -30, 0, -68}},
+         {FinderGoal::Defense, 2.6, LevelEquation::New1, false, true, {2, 0, 2, 0, 0}, 3}},
+    };
+    for (const Case &c : cases) {
+        DnaLibrary library;
+        library.Count = static_cast<int16_t>(c.Samples.size());
+        for (std::size_t s = 0; s < c.Samples.size(); ++s)
+            library.Records[s + 1].Attributes = c.Samples[s];
+        const FinderSettings &settings = c.Settings;
+        EXPECT_EQ(Rows(FindTemplates(library, settings).Templates),
+                  BruteForce(EvaluateAll(library, settings.Experimented, settings.FixedSlots), settings));
+    }
+}
+
 TEST(Finder, SettingsThatCannotBeSearched) {
     std::mt19937 random(7);
     const DnaLibrary library = RandomLibrary(random, 6, {100, 999});
