@@ -2,9 +2,9 @@
 
 #include "DnaFile.h"
 #include "Finder.h"
+#include "Numeric.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <fstream>
 #include <memory>
@@ -71,14 +71,6 @@ struct BadUse {
     std::string Message;
 };
 
-template <typename Number> std::optional<Number> ParseNumber(std::string_view text) {
-    Number value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return value;
-}
-
 std::optional<int> ParseCategory(std::string_view word) {
     for (int k = 0; k < kCategoryCount; ++k) {
         if (word == kCategoryWords[k])
@@ -114,7 +106,7 @@ public:
                 command.Settings.Goal = *goal;
             } else if (name == "--max-level") {
                 const std::string value = Value(argument);
-                const std::optional<double> level = ParseNumber<double>(value);
+                const std::optional<double> level = ParseExact<double>(value);
                 if (!level || !std::isfinite(*level))
                     throw BadUse{"--max-level needs a number such as 39.99, not '" + value + "'"};
                 command.Settings.MaxLevel = level;
@@ -136,7 +128,7 @@ public:
                 ReadFix(Value(argument), fixed, command.Settings);
             } else if (name == "--top") {
                 const std::string value = Value(argument);
-                const std::optional<int> top = ParseNumber<int>(value);
+                const std::optional<int> top = ParseExact<int>(value);
                 if (!top || *top < 1 || *top > kMostTemplates)
                     throw BadUse{"--top needs a whole number from 1 to 100000, not '" + value + "'"};
                 command.Settings.TopK = *top;
@@ -172,7 +164,7 @@ private:
         const std::optional<int> category =
             equals == std::string::npos ? std::nullopt : ParseCategory(std::string_view(value).substr(0, equals));
         const std::optional<int> slot =
-            equals == std::string::npos ? std::nullopt : ParseNumber<int>(std::string_view(value).substr(equals + 1));
+            equals == std::string::npos ? std::nullopt : ParseExact<int>(std::string_view(value).substr(equals + 1));
         if (!category || !slot || *slot < 1)
             throw BadUse{"--fix needs CATEGORY=SLOT, such as mental=3, not '" + value + "'"};
         // Fixing a category twice is a mistake, not an override.
@@ -186,23 +178,21 @@ private:
     std::size_t next_ = 0;
 };
 
-// The fixed slots against the loaded library; throws BadUse.
-void CheckFixedSlots(const DnaLibrary &library, const FinderSettings &settings) {
-    for (int k = 0; k < kCategoryCount; ++k) {
-        const int slot = settings.FixedSlots[k];
-        if (slot == 0)
-            continue;
-        if (slot > library.Count) {
-            throw BadUse{std::string("--fix ") + kCategoryWords[k] + "=" + std::to_string(slot) + ": the file has " +
-                         std::to_string(library.Count) + " samples"};
-        }
-        for (int other = 0; other < k && !settings.Reuse; ++other) {
-            if (settings.FixedSlots[other] == slot) {
-                throw BadUse{std::string("--fix: slot ") + std::to_string(slot) + " is fixed to both " +
-                             kCategoryWords[other] + " and " + kCategoryWords[k] + "; add --reuse to use it twice"};
-            }
-        }
+// The settings against the loaded library, in the command's own words; throws BadUse.
+void CheckSettings(const DnaLibrary &library, const FinderSettings &settings) {
+    const std::optional<FinderSettingsProblem> problem = FindSettingsProblem(library, settings);
+    if (!problem)
+        return;
+    const std::string slot = std::to_string(problem->Slot);
+    if (problem->What == FinderSettingsProblem::Kind::SlotNotInLibrary) {
+        throw BadUse{std::string("--fix ") + kCategoryWords[problem->Category] + "=" + slot + ": the file has " +
+                     std::to_string(library.Count) + " samples"};
     }
+    if (problem->What == FinderSettingsProblem::Kind::SlotFixedTwice) {
+        throw BadUse{"--fix: slot " + slot + " is fixed to both " + kCategoryWords[problem->Other] + " and " +
+                     kCategoryWords[problem->Category] + "; add --reuse to use it twice"};
+    }
+    throw BadUse{*FinderSettingsError(library, settings)};
 }
 
 void PrintTemplates(const DnaLibrary &library, const FinderSettings &settings, const FinderResult &result,
@@ -242,9 +232,7 @@ int RunFind(const std::vector<std::string> &arguments, std::ostream &out, std::o
         // The library is large (501 records); it lives on the heap.
         const auto library = std::make_unique<DnaLibrary>();
         LoadDnaStream(in, *library, [](int, const RowCells &) {});
-        CheckFixedSlots(*library, command.Settings);
-        if (const std::optional<std::string> error = FinderSettingsError(*library, command.Settings))
-            throw BadUse{*error};
+        CheckSettings(*library, command.Settings);
         PrintTemplates(*library, command.Settings, FindTemplates(*library, command.Settings), out);
         return 0;
     } catch (const BadUse &bad) {

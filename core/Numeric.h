@@ -1,9 +1,11 @@
 #pragma once
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 // The one place where numbers are rounded, range-checked and turned into text.
 // Rounding is always to the nearest with halves to the even neighbour (2.5 -> 2, 3.5 -> 4).
@@ -45,6 +47,16 @@ std::optional<int16_t> ToInt16(double x);
 // The nearest single-precision value, no rounding to a whole number; beyond the single
 // range it gives an infinity of the same sign.
 float ToSingle(double x);
+
+// A number written as the whole of `text` in plain C form ("-12", "39.99"); nothing for any
+// other text, trailing characters included.
+template <typename Number> std::optional<Number> ParseExact(std::string_view text) {
+    Number value{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
 
 // Shortest decimal text with up to 15 significant digits, "." as separator,
 // no trailing zeros, "-0" shown as "0" (712, 12.5, -3, 1E+20).

@@ -5,7 +5,6 @@
 #include "PetNumbers.h"
 #include "ReferenceTables.h"
 
-#include <charconv>
 #include <optional>
 
 namespace quorvel {
@@ -67,15 +66,6 @@ std::vector<std::string> PetFields(const StoredPet &pet) {
     return fields;
 }
 
-// A whole number that is the whole of `text`.
-std::optional<int32_t> WholeNumber(std::string_view text) {
-    int32_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return value;
-}
-
 // Reads the fields of one pet in file order, each read moving on to the next field.
 class FieldReader {
 public:
@@ -89,7 +79,7 @@ public:
             out = 0;
             return true;
         }
-        const auto value = WholeNumber(field);
+        const auto value = ParseExact<int32_t>(field);
         out = value.value_or(0);
         return value.has_value();
     }
@@ -101,7 +91,7 @@ public:
             return true;
         for (std::size_t i = 0; i < out.size(); ++i) {
             const auto blank = field.find(' ');
-            const auto value = WholeNumber(field.substr(0, blank));
+            const auto value = ParseExact<int32_t>(field.substr(0, blank));
             if (!value || (blank == std::string_view::npos) != (i + 1 == out.size()))
                 return false;
             out[i] = *value;

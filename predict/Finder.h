@@ -62,8 +62,18 @@ struct FinderResult {
 // smaller first. A total order on distinct templates.
 bool RanksBefore(const FoundTemplate &a, const FoundTemplate &b);
 
-// Why the settings cannot be searched in this library, as one sentence; nothing when they can.
-// FindTemplates returns an empty list for such settings.
+// Why the settings cannot be searched in this library; nothing when they can. `Category` is the
+// category whose fixed slot is wrong; for a slot fixed twice, `Other` is the earlier category
+// fixed to it. FindTemplates returns an empty list for such settings.
+struct FinderSettingsProblem {
+    enum class Kind { NoTemplatesAsked, LevelNotANumber, SlotNotInLibrary, SlotFixedTwice };
+    Kind What = Kind::NoTemplatesAsked;
+    int Slot = 0;
+    int Category = 0;
+    int Other = 0;
+};
+std::optional<FinderSettingsProblem> FindSettingsProblem(const DnaLibrary &library, const FinderSettings &settings);
+// The problem as one sentence, as the window shows it.
 std::optional<std::string> FinderSettingsError(const DnaLibrary &library, const FinderSettings &settings);
 
 // The fraction of the search done, 0 to 1. Called from the search's worker threads, at most

@@ -39,7 +39,7 @@ private:
 FinderResult FindTemplates(const DnaLibrary &library, const FinderSettings &settings, const FinderProgress &progress,
                            const std::atomic<bool> *cancel) {
     FinderResult result;
-    if (FinderSettingsError(library, settings))
+    if (FindSettingsProblem(library, settings))
         return result;
     const finder::FinderModel model(library, settings);
     finder::RankedList list(static_cast<std::size_t>(settings.TopK));
